@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "base/AtomicFile.h"
+
+#include <cerrno>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace orrinvale
+{
+
+namespace
+{
+
+class Descriptor
+{
+public:
+    explicit Descriptor(int fd) : m_fd(fd) {}
+    ~Descriptor() { close(); }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    bool isOpen() const { return m_fd >= 0; }
+    int get() const { return m_fd; }
+    bool close() { return m_fd < 0 || ::close(std::exchange(m_fd, -1)) == 0; }
+
+private:
+    int m_fd;
+};
+
+bool writeAll(int fd, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const auto written = ::write(fd, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+bool readAll(int fd, std::string& bytes)
+{
+    constexpr std::size_t step = 65536;
+    for (;;) {
+        const auto length = bytes.size();
+        bytes.resize(length + step);
+        const auto count = ::read(fd, bytes.data() + length, step);
+        bytes.resize(length + (count > 0 ? static_cast<std::size_t>(count) : 0));
+        if (count == 0)
+            return true;
+        if (count < 0 && errno != EINTR)
+            return false;
+    }
+}
+
+std::filesystem::path targetOf(const std::filesystem::path& path)
+{
+    std::error_code error;
+    auto target = std::filesystem::weakly_canonical(path, error);
+    return error ? path : target;
+}
+
+bool isRegular(int fd)
+{
+    struct stat status {
+    };
+    return ::fstat(fd, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+} // namespace
+
+std::optional<std::string> readWholeFile(const std::filesystem::path& path)
+{
+    // O_NONBLOCK: a FIFO in the file's place must not hold up the start.
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    std::string bytes;
+    if (!file.isOpen() || !isRegular(file.get()) || !readAll(file.get(), bytes))
+        return std::nullopt;
+    return bytes;
+}
+
+bool writeFileAtomically(const std::filesystem::path& path, std::string_view bytes)
+{
+    const auto target = targetOf(path);
+    const auto temporary = target.parent_path() / ("." + target.filename().string() + ".tmp");
+    Descriptor file(
+        ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR));
+    if (!file.isOpen())
+        return false;
+    if (writeAll(file.get(), bytes) && file.close() && ::rename(temporary.c_str(), target.c_str()) == 0)
+        return true;
+    ::unlink(temporary.c_str());
+    return false;
+}
+
+} // namespace orrinvale

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/Cancellable.h"
+
+#include <functional>
+
+namespace orrinvale
+{
+
+enum class AppearanceChoice { Light, Dark, FollowSystem };
+
+// The light or dark appearance of the whole application. Main thread.
+class Appearance
+{
+public:
+    virtual ~Appearance() = default;
+    virtual void apply(AppearanceChoice choice) = 0;
+    // Whether the appearance in effect is the dark one; from memory.
+    virtual bool isDark() const = 0;
+    // Called in a turn of its own after the desktop switched between light and dark.
+    [[nodiscard]] virtual Cancellable observeChanges(std::function<void()> onChange) = 0;
+};
+
+} // namespace orrinvale

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace orrinvale
+{
+
+class ApplicationSupport;
+class Appearance;
+class CPUCounters;
+class Clock;
+class FolderWatcher;
+class LoginItem;
+class MainQueue;
+class MediaDevices;
+class NetworkCounters;
+class PowerAssertions;
+class PowerSources;
+class ProcessStatus;
+class RunningApplications;
+class SerialQueue;
+class SerialQueues;
+class SessionEvents;
+class UserDefaults;
+class UserNotifications;
+
+// Everything that the operating system supplies, by reference. Only the composition root sees the whole set.
+struct Platform {
+    MainQueue& mainQueue;
+    SerialQueues& serialQueues;
+    SerialQueue& background; // shared, utility priority
+    Clock& clock;
+    ApplicationSupport& applicationSupport;
+    Appearance& appearance;
+    CPUCounters& cpuCounters;
+    FolderWatcher& folderWatcher;
+    LoginItem& loginItem;
+    MediaDevices& mediaDevices;
+    NetworkCounters& networkCounters;
+    PowerAssertions& powerAssertions;
+    PowerSources& powerSources;
+    ProcessStatus& processStatus;
+    RunningApplications& runningApplications;
+    SessionEvents& sessionEvents;
+    UserDefaults& userDefaults;
+    UserNotifications& userNotifications;
+};
+
+} // namespace orrinvale
