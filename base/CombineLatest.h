@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 #include <tuple>
+#include <type_traits>
 
 namespace orrinvale
 {
@@ -44,7 +45,8 @@ Cancellable observeLatest(MainQueue& queue, const std::shared_ptr<Shared>& lates
 
 // Delivers the latest values of all on `queue`, once now and again each time any of them publishes: one hop for each.
 template <typename... T>
-[[nodiscard]] Cancellable combineLatest(MainQueue& queue, std::function<void(const T&...)> handler,
+[[nodiscard]] Cancellable combineLatest(MainQueue& queue,
+                                        std::type_identity_t<std::function<void(const T&...)>> handler,
                                         Published<T>&... published)
 {
     auto latest = std::make_shared<detail::Latest<T...>>();

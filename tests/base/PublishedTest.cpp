@@ -155,8 +155,8 @@ TEST_F(PublishedTest, ThePublisherMayDieFirst)
 TEST_F(PublishedTest, CombinedValuesArriveOnceAtFirstAndAgainForEachAnnouncement)
 {
     Published<int> other{10};
-    const auto token =
-        combineLatest(time, std::function([this](const int& a, const int& b) { seen.push_back(a + b); }), value, other);
+    const auto token = combineLatest(
+        time, [this](const int& a, const int& b) { seen.push_back(a + b); }, value, other);
     time.runPending();
     EXPECT_EQ(seen, (std::vector{11}));
     value.set(2);
@@ -168,8 +168,8 @@ TEST_F(PublishedTest, CombinedValuesArriveOnceAtFirstAndAgainForEachAnnouncement
 TEST_F(PublishedTest, QueuedCombinedValueOfADroppedTokenNeverArrives)
 {
     Published<int> other{10};
-    auto token =
-        combineLatest(time, std::function([this](const int& a, const int& b) { seen.push_back(a + b); }), value, other);
+    auto token = combineLatest(
+        time, [this](const int& a, const int& b) { seen.push_back(a + b); }, value, other);
     token.cancel();
     time.runPending();
     EXPECT_TRUE(seen.empty());

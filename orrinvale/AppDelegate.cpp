@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "orrinvale/AppDelegate.h"
+
+#include "base/Fatal.h"
+#include "orrinvale/AppSettings.h"
+#include "orrinvale/ApplicationInterface.h"
+#include "orrinvale/WakeEngine.h"
+#include "platform/Platform.h"
+#include "platform/UserNotifications.h"
+
+namespace orrinvale
+{
+
+namespace
+{
+
+const std::string activeIdentifier = "orrinvale.active";
+const std::string idleIdentifier = "orrinvale.idle";
+
+} // namespace
+
+AppDelegate::StateCategory AppDelegate::categoryOf(const WakeState& state)
+{
+    return state.isAwake() ? StateCategory::awake : StateCategory::idle;
+}
+
+AppDelegate::AppDelegate(const Platform& platform, AppSettings& settings, const LocalCalendar& calendar,
+                         ApplicationInterface& interface)
+    : m_platform(platform), m_settings(settings), m_calendar(calendar), m_interface(interface)
+{
+}
+
+AppDelegate::~AppDelegate() = default;
+
+WakeEngine& AppDelegate::wakeEngine()
+{
+    if (!m_wakeEngine)
+        fatal("the wake engine was asked for before the launch");
+    return *m_wakeEngine;
+}
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    m_platform.userNotifications.requestAuthorization();
+    m_settings.applyTheme();
+    m_wakeEngine = std::make_unique<WakeEngine>(m_platform, m_settings, m_calendar);
+    m_interface.showStatusItem(wakeEngine());
+    wakeEngine().start();
+    m_cancellables +=
+        wakeEngine().state.observeOn(m_platform.mainQueue, [this](const WakeState& state) { stateChanged(state); });
+}
+
+void AppDelegate::stateChanged(const WakeState& state)
+{
+    const auto category = categoryOf(state);
+    if (category == m_lastCategory)
+        return;
+    auto& notifications = m_platform.userNotifications;
+    const auto wanted = m_settings.notificationsEnabled.get();
+    if (category == StateCategory::idle)
+        notifications.removeDelivered({activeIdentifier});
+    if (wanted && category == StateCategory::idle)
+        notifications.post({idleIdentifier, "orrinvale Inactive", "Mac is allowed to sleep again"});
+    if (wanted && category == StateCategory::awake)
+        notifications.post({activeIdentifier, "orrinvale Active", state.reason()});
+    m_lastCategory = category;
+}
+
+void AppDelegate::applicationWillTerminate()
+{
+    m_cancellables.clear();
+    if (m_wakeEngine)
+        m_wakeEngine->stop();
+}
+
+} // namespace orrinvale

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace orrinvale
+{
+
+class WakeEngine;
+
+// What the user sees of the application; the delegate says when. Main thread.
+class ApplicationInterface
+{
+public:
+    virtual ~ApplicationInterface() = default;
+    // The item in the desktop's tray, from now until the end. `engine` outlives it.
+    virtual void showStatusItem(WakeEngine& engine) = 0;
+};
+
+} // namespace orrinvale

@@ -1,0 +1,159 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "orrinvale/DownloadMonitor.h"
+
+#include "base/ConsoleLine.h"
+#include "base/Text.h"
+#include "orrinvale/AppSettings.h"
+#include "platform/FolderWatcher.h"
+#include "platform/Platform.h"
+
+#include <array>
+
+namespace orrinvale
+{
+
+using namespace std::chrono_literals;
+
+namespace
+{
+
+constexpr auto activeWindow = 10s;
+constexpr auto pollInterval = 5s;
+constexpr std::int64_t downloadScore = 5;
+
+struct PartialExtension {
+    std::string_view suffix; // lower case
+    std::string_view name;
+    std::optional<std::string_view> bundleID;
+};
+
+constexpr std::array<PartialExtension, 8> partialExtensions{{
+    {".download", "Safari", "com.apple.Safari"},
+    {".crdownload", "Chrome", "com.google.Chrome"},
+    {".part", "Firefox", "org.mozilla.firefox"},
+    {".opdownload", "Opera", "com.operasoftware.Opera"},
+    {".aria2", "aria2", std::nullopt},
+    {".!qb", "qBittorrent", "org.qbittorrent.qbittorrent"},
+    {".dap", "Download Accelerator", std::nullopt},
+    {".tmp", "Download", std::nullopt},
+}};
+
+const PartialExtension* extensionOf(std::string_view fileName)
+{
+    const auto lower = asciiLowercase(fileName);
+    for (const auto& extension : partialExtensions) {
+        if (lower.ends_with(extension.suffix))
+            return &extension;
+    }
+    return nullptr;
+}
+
+WakeSignal downloadSignal(const std::string& fileName, const PartialExtension& extension, Instant now)
+{
+    return {.source = SignalSource::download,
+            .detail = "Downloading " + validUtf8(fileName),
+            .score = downloadScore,
+            .timestamp = now,
+            .appBundleID = extension.bundleID ? std::optional(std::string(*extension.bundleID)) : std::nullopt,
+            .appName = std::string(extension.name)};
+}
+
+} // namespace
+
+WakeSignals activeDownloads(const std::vector<FolderEntry>& entries, Instant now)
+{
+    WakeSignals found;
+    for (const auto& entry : entries) {
+        const auto* extension = extensionOf(entry.name);
+        // Seconds in floating point: a date at the edge of the clock's range must not wrap around.
+        const auto age = Seconds(now.time_since_epoch()) - Seconds(entry.modified.time_since_epoch());
+        if (extension && age < activeWindow)
+            found.push_back(downloadSignal(entry.name, *extension, now));
+    }
+    return found;
+}
+
+struct DownloadMonitor::Link {
+    DownloadMonitor& monitor;
+};
+
+DownloadMonitor::DownloadMonitor(const Platform& platform, AppSettings& settings)
+    : m_settings(settings), m_folders(platform.folderWatcher), m_queue(platform.mainQueue),
+      m_serialQueues(platform.serialQueues), m_clock(platform.clock)
+{
+}
+
+DownloadMonitor::~DownloadMonitor() = default;
+
+void DownloadMonitor::start()
+{
+    startWatching();
+    scan();
+    m_pollTimer = m_queue.every(pollInterval, [this] { scan(); });
+    m_settingsCancellable = m_settings.downloadsFolderPath.observeOn(
+        m_queue, [this](const std::string&) { retarget(); }, Deliver::ChangesOnly);
+}
+
+void DownloadMonitor::stop()
+{
+    m_dispatchSource.cancel();
+    m_pollTimer.cancel();
+    m_settingsCancellable.cancel();
+    m_link.reset();
+    m_scans.reset();
+    signals.set({});
+}
+
+void DownloadMonitor::retarget()
+{
+    m_dispatchSource.cancel();
+    startWatching();
+    scan();
+}
+
+void DownloadMonitor::startWatching()
+{
+    m_link = std::make_shared<Link>(Link{*this});
+    m_scans = m_serialQueues.make("com.orrinvale.downloadmonitor");
+    m_isScanning = false;
+    m_dispatchSource =
+        m_folders.watch(m_settings.downloadsFolderPath.get(), [&queue = m_queue, weak = std::weak_ptr(m_link)] {
+            queue.post([weak] {
+                if (const auto link = weak.lock())
+                    link->monitor.scan();
+            });
+        });
+    if (!m_dispatchSource)
+        consoleLine("DownloadMonitor", "could not open Downloads directory");
+}
+
+void DownloadMonitor::scan()
+{
+    if (m_isScanning) {
+        m_scanAgain = true;
+        return;
+    }
+    m_isScanning = true;
+    m_scanAgain = false;
+    m_scans->post([&folders = m_folders, &clock = m_clock, &queue = m_queue,
+                   path = m_settings.downloadsFolderPath.get(), weak = std::weak_ptr(m_link)] {
+        const auto entries = folders.entries(path);
+        auto found = entries ? std::optional(activeDownloads(*entries, clock.now())) : std::nullopt;
+        queue.post([weak, found = std::move(found)] {
+            if (const auto link = weak.lock())
+                link->monitor.finishScan(found);
+        });
+    });
+}
+
+void DownloadMonitor::finishScan(std::optional<WakeSignals> found)
+{
+    m_isScanning = false;
+    if (found)
+        signals.set(std::move(*found));
+    if (m_scanAgain)
+        scan();
+}
+
+} // namespace orrinvale

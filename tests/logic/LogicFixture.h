@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "orrinvale/AppSettings.h"
+#include "orrinvale/LocalCalendar.h"
+#include "platform/fake/FakePlatform.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <stdlib.h>
+
+namespace orrinvale
+{
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// A folder that goes with the test.
+struct TemporaryFolder {
+    TemporaryFolder()
+    {
+        auto pattern = (std::filesystem::temp_directory_path() / "orrinvale-test-XXXXXX").string();
+        path = ::mkdtemp(pattern.data());
+    }
+    ~TemporaryFolder() { std::filesystem::remove_all(path); }
+    std::filesystem::path path;
+};
+
+// A fake machine, its settings and virtual time.
+struct LogicFixture : testing::Test {
+    AppSettings& settings()
+    {
+        if (!m_settings)
+            m_settings = std::make_unique<AppSettings>(platform(), calendar);
+        return *m_settings;
+    }
+    Platform& platform()
+    {
+        if (!m_platform)
+            m_platform = std::make_unique<Platform>(fake.platform());
+        return *m_platform;
+    }
+
+    FakePlatform fake;
+    VirtualTime& time = fake.time;
+    LocalCalendar calendar{"UTC"};
+
+private:
+    std::unique_ptr<Platform> m_platform;
+    std::unique_ptr<AppSettings> m_settings;
+};
+
+} // namespace orrinvale
