@@ -1,0 +1,146 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxCPUCounters.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace orrinvale
+{
+
+namespace
+{
+
+constexpr std::uint64_t restartAt = 1u << 30;
+constexpr std::size_t mostProcessors = 8192; // NR_CPUS of any kernel that is built
+constexpr std::size_t initialBuffer = 8192;
+
+std::optional<std::uint64_t> takeNumber(std::string_view& text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    std::uint64_t value = 0;
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc{})
+        return std::nullopt;
+    text.remove_prefix(static_cast<std::size_t>(stop - text.data()));
+    return value;
+}
+
+} // namespace
+
+void LinuxCPUCounters::Counter::update(const Ticks& reading)
+{
+    if (!known)
+        base = reading;
+    known = true;
+    for (std::size_t i = 0; i < reading.size(); ++i)
+        highest[i] = std::max(highest[i], reading[i]);
+}
+
+LinuxCPUCounters::Ticks LinuxCPUCounters::Counter::value() const
+{
+    Ticks ticks{};
+    for (std::size_t i = 0; known && i < ticks.size(); ++i)
+        ticks[i] = highest[i] - base[i];
+    return ticks;
+}
+
+LinuxCPUCounters::LinuxCPUCounters(std::string statFile)
+    : m_file(::open(statFile.c_str(), O_RDONLY | O_CLOEXEC)), m_openError(m_file < 0 ? errno : 0)
+{
+    m_text.resize(initialBuffer);
+    read();
+}
+
+LinuxCPUCounters::~LinuxCPUCounters()
+{
+    if (m_file >= 0)
+        ::close(m_file);
+}
+
+CPUCounters::Host LinuxCPUCounters::host()
+{
+    if (const auto error = read(); error != 0)
+        return {error, {}};
+    const auto ticks = m_host.value();
+    return {0,
+            {static_cast<std::uint32_t>(ticks[0]), static_cast<std::uint32_t>(ticks[1]),
+             static_cast<std::uint32_t>(ticks[2]), static_cast<std::uint32_t>(ticks[3])}};
+}
+
+std::optional<std::vector<std::int32_t>> LinuxCPUCounters::processors()
+{
+    if (m_processors.empty())
+        return std::nullopt;
+    std::vector<std::int32_t> all;
+    all.reserve(m_processors.size() * 4);
+    for (const auto& processor : m_processors) {
+        for (const auto ticks : processor.value())
+            all.push_back(static_cast<std::int32_t>(ticks));
+    }
+    return all;
+}
+
+int LinuxCPUCounters::read()
+{
+    if (m_file < 0)
+        return m_openError;
+    for (;;) {
+        const auto length = ::pread(m_file, m_text.data(), m_text.size(), 0);
+        if (length < 0)
+            return errno;
+        if (static_cast<std::size_t>(length) < m_text.size()) {
+            parse(std::string_view(m_text.data(), static_cast<std::size_t>(length)));
+            return m_host.known ? 0 : EINVAL;
+        }
+        m_text.resize(m_text.size() * 2);
+    }
+}
+
+void LinuxCPUCounters::parse(std::string_view text)
+{
+    while (text.starts_with("cpu")) {
+        const auto end = std::min(text.find('\n'), text.size() - 1);
+        parseLine(text.substr(3, end - 3));
+        text.remove_prefix(end + 1);
+    }
+    restartWhenLarge();
+}
+
+void LinuxCPUCounters::parseLine(std::string_view line)
+{
+    const auto isHost = line.starts_with(' ');
+    const auto number = isHost ? std::optional<std::uint64_t>(0) : takeNumber(line);
+    if (!number || *number >= mostProcessors)
+        return;
+    // user (guest time is inside it), nice, system, idle, iowait, irq, softirq; steal is not our load.
+    std::array<std::uint64_t, 7> column{};
+    for (auto& value : column) {
+        const auto read = takeNumber(line);
+        if (!read)
+            return;
+        value = *read;
+    }
+    if (!isHost && m_processors.size() <= *number)
+        m_processors.resize(*number + 1);
+    auto& counter = isHost ? m_host : m_processors[*number];
+    counter.update({column[0], column[2] + column[5] + column[6], column[3] + column[4], column[1]});
+}
+
+void LinuxCPUCounters::restartWhenLarge()
+{
+    const auto restart = [](Counter& counter) {
+        const auto value = counter.value();
+        if (*std::max_element(value.begin(), value.end()) >= restartAt)
+            counter.base = counter.highest;
+    };
+    restart(m_host);
+    for (auto& processor : m_processors)
+        restart(processor);
+}
+
+} // namespace orrinvale

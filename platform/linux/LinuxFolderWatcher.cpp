@@ -1,0 +1,162 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxFolderWatcher.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdint>
+#include <map>
+#include <mutex>
+#include <thread>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <pthread.h>
+#include <sys/eventfd.h>
+#include <sys/inotify.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace orrinvale
+{
+
+namespace
+{
+
+// What a folder's own write event means elsewhere. No modify events: a busy download would cost a scan a write.
+constexpr std::uint32_t folderEvents =
+    IN_CREATE | IN_MOVED_FROM | IN_MOVED_TO | IN_DELETE | IN_DELETE_SELF | IN_MOVE_SELF;
+
+// Clamped to what a nanosecond clock of 64 bits can hold: file systems know dates beyond.
+Instant instantOf(const timespec& time)
+{
+    constexpr std::int64_t limit = INT64_MAX / 1'000'000'000 - 1;
+    const auto seconds = std::clamp<std::int64_t>(time.tv_sec, -limit, limit);
+    return Instant(std::chrono::seconds(seconds) + std::chrono::nanoseconds(time.tv_nsec));
+}
+
+std::optional<FolderEntry> entryOf(int folder, const char* name)
+{
+    struct stat status {
+    };
+    if (name[0] == '.' || ::fstatat(folder, name, &status, 0) != 0)
+        return std::nullopt;
+    return FolderEntry{name, instantOf(status.st_mtim)};
+}
+
+} // namespace
+
+// Kept alive by the thread; owns the descriptors.
+struct LinuxFolderWatcher::Shared {
+    using Handler = std::shared_ptr<std::function<void()>>;
+
+    const int inotify = ::inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
+    const int ending = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    std::mutex mutex;
+    std::multimap<int, Handler> handlers; // by watch descriptor: one folder may be watched twice
+    bool running = false;
+
+    ~Shared()
+    {
+        ::close(inotify);
+        ::close(ending);
+    }
+
+    void remove(int descriptor, const Handler& handler)
+    {
+        const std::lock_guard lock(mutex);
+        const auto [first, last] = handlers.equal_range(descriptor);
+        const auto found = std::find_if(first, last, [&](const auto& each) { return each.second == handler; });
+        if (found != last)
+            handlers.erase(found);
+        if (!handlers.contains(descriptor))
+            ::inotify_rm_watch(inotify, descriptor);
+    }
+
+    void run()
+    {
+        std::array<pollfd, 2> waiting{{{inotify, POLLIN, 0}, {ending, POLLIN, 0}}};
+        while (::poll(waiting.data(), waiting.size(), -1) > 0 || errno == EINTR) {
+            if (waiting[1].revents != 0)
+                return;
+            if (waiting[0].revents != 0)
+                readEvents();
+        }
+    }
+
+    void readEvents()
+    {
+        alignas(inotify_event) std::array<char, 16384> buffer;
+        std::vector<Handler> changed;
+        for (ssize_t length; (length = ::read(inotify, buffer.data(), buffer.size())) > 0;) {
+            for (ssize_t offset = 0; offset < length;) {
+                const auto* event = reinterpret_cast<const inotify_event*>(buffer.data() + offset);
+                offset += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
+                collect(*event, changed);
+            }
+        }
+        for (const auto& handler : changed)
+            (*handler)();
+    }
+
+    void collect(const inotify_event& event, std::vector<Handler>& changed)
+    {
+        const std::lock_guard lock(mutex);
+        const auto everyone = (event.mask & IN_Q_OVERFLOW) != 0;
+        for (const auto& [descriptor, handler] : handlers) {
+            const auto known = std::find(changed.begin(), changed.end(), handler) != changed.end();
+            if ((everyone || descriptor == event.wd) && !known)
+                changed.push_back(handler);
+        }
+    }
+};
+
+LinuxFolderWatcher::LinuxFolderWatcher() : m_shared(std::make_shared<Shared>()) {}
+
+LinuxFolderWatcher::~LinuxFolderWatcher()
+{
+    const std::uint64_t one = 1;
+    [[maybe_unused]] const auto written = ::write(m_shared->ending, &one, sizeof one);
+}
+
+Cancellable LinuxFolderWatcher::watch(const std::string& path, std::function<void()> onChange)
+{
+    const std::lock_guard lock(m_shared->mutex);
+    const auto descriptor = ::inotify_add_watch(m_shared->inotify, path.c_str(), folderEvents | IN_ONLYDIR);
+    if (descriptor < 0)
+        return {};
+    if (!m_shared->running) {
+        m_shared->running = true;
+        std::thread([shared = m_shared] {
+            sigset_t all;
+            sigfillset(&all);
+            pthread_sigmask(SIG_BLOCK, &all, nullptr);
+            pthread_setname_np(pthread_self(), "folderwatcher");
+            shared->run();
+        }).detach();
+    }
+    const auto handler = std::make_shared<std::function<void()>>(std::move(onChange));
+    m_shared->handlers.emplace(descriptor, handler);
+    return Cancellable([weak = std::weak_ptr(m_shared), descriptor, handler] {
+        if (const auto shared = weak.lock())
+            shared->remove(descriptor, handler);
+    });
+}
+
+std::optional<std::vector<FolderEntry>> LinuxFolderWatcher::entries(const std::string& path)
+{
+    const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(path.c_str()), ::closedir);
+    if (!folder)
+        return std::nullopt;
+    std::vector<FolderEntry> found;
+    while (const auto* item = ::readdir(folder.get())) {
+        if (auto entry = entryOf(::dirfd(folder.get()), item->d_name))
+            found.push_back(std::move(*entry));
+    }
+    return found;
+}
+
+} // namespace orrinvale

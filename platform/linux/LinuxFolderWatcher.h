@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/FolderWatcher.h"
+
+#include <memory>
+
+namespace orrinvale
+{
+
+// Folder events from inotify on one thread that sleeps until there is one. The thread starts with the first watch.
+class LinuxFolderWatcher final : public FolderWatcher
+{
+public:
+    LinuxFolderWatcher();
+    ~LinuxFolderWatcher() override;
+
+    [[nodiscard]] Cancellable watch(const std::string& path, std::function<void()> onChange) override;
+    std::optional<std::vector<FolderEntry>> entries(const std::string& path) override;
+
+private:
+    struct Shared;
+    std::shared_ptr<Shared> m_shared;
+};
+
+} // namespace orrinvale

@@ -1,0 +1,119 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxCPUCounters.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include <unistd.h>
+
+namespace orrinvale
+{
+
+namespace
+{
+
+struct CPUCountersTest : testing::Test {
+    CPUCountersTest()
+    {
+        std::string pattern = (std::filesystem::temp_directory_path() / "orrinvale-test-XXXXXX").string();
+        const auto descriptor = ::mkstemp(pattern.data());
+        ::close(descriptor);
+        file = pattern;
+    }
+    ~CPUCountersTest() override { std::filesystem::remove(file); }
+
+    void write(const std::string& text) { std::ofstream(file, std::ios::trunc) << text; }
+    using Cores = std::vector<std::int32_t>;
+
+    std::filesystem::path file;
+};
+
+TEST_F(CPUCountersTest, CountsFromItsMaking)
+{
+    write("cpu  100 10 50 1000 20 3 4 99 0 0\ncpu0 100 10 50 1000 20 3 4 99 0 0\nintr 1\n");
+    LinuxCPUCounters counters(file);
+    EXPECT_EQ(counters.processors(), (Cores{0, 0, 0, 0}));
+    write("cpu  110 12 51 1100 25 4 6 199 0 0\ncpu0 110 12 51 1100 25 4 6 199 0 0\nintr 1\n");
+    const auto host = counters.host();
+    EXPECT_EQ(host.status, 0);
+    EXPECT_EQ(host.ticks.user, 10u);
+    EXPECT_EQ(host.ticks.system, 1u + 1 + 2); // with irq and softirq
+    EXPECT_EQ(host.ticks.idle, 100u + 5);     // with iowait; steal is neither
+    EXPECT_EQ(host.ticks.nice, 2u);
+    EXPECT_EQ(counters.processors(), (Cores{10, 4, 105, 2}));
+}
+
+TEST_F(CPUCountersTest, ACounterThatFallsKeepsItsHighestValue)
+{
+    write("cpu  100 0 0 1000 500 0 0 0\n");
+    LinuxCPUCounters counters(file);
+    write("cpu  100 0 0 1000 400 0 0 0\n");
+    EXPECT_EQ(counters.host().ticks.idle, 0u);
+    write("cpu  100 0 0 1000 510 0 0 0\n");
+    EXPECT_EQ(counters.host().ticks.idle, 10u);
+}
+
+TEST_F(CPUCountersTest, AnOfflineProcessorKeepsItsValuesAndItsSlot)
+{
+    write("cpu  0 0 0 0 0 0 0\ncpu0 0 0 0 0 0 0 0\ncpu1 0 0 0 0 0 0 0\ncpu2 0 0 0 0 0 0 0\n");
+    LinuxCPUCounters counters(file);
+    write("cpu  0 0 0 0 0 0 0\ncpu0 1 0 0 0 0 0 0\ncpu1 2 0 0 0 0 0 0\ncpu2 3 0 0 0 0 0 0\n");
+    counters.host();
+    write("cpu  0 0 0 0 0 0 0\ncpu0 5 0 0 0 0 0 0\ncpu2 6 0 0 0 0 0 0\n");
+    counters.host();
+    EXPECT_EQ(counters.processors(), (Cores{5, 0, 0, 0, 2, 0, 0, 0, 6, 0, 0, 0}));
+}
+
+TEST_F(CPUCountersTest, BeginsAgainAtZeroBeforeThirtyBitsAreFull)
+{
+    write("cpu  0 0 0 0 0 0 0\ncpu0 0 0 0 0 0 0 0\n");
+    LinuxCPUCounters counters(file);
+    write("cpu  0 0 0 1073741823 0 0 0\ncpu0 0 0 0 1073741823 0 0 0\n");
+    EXPECT_EQ(counters.host().ticks.idle, 1073741823u);
+    write("cpu  0 0 0 1073741824 0 0 0\ncpu0 0 0 0 1073741824 0 0 0\n");
+    EXPECT_EQ(counters.host().ticks.idle, 0u);
+    EXPECT_EQ(counters.processors(), (Cores{0, 0, 0, 0}));
+}
+
+TEST_F(CPUCountersTest, AMissingOrMeaninglessFileIsAnError)
+{
+    EXPECT_NE(LinuxCPUCounters("/nonexistent/stat").host().status, 0);
+    write("nonsense\n");
+    LinuxCPUCounters counters(file);
+    EXPECT_NE(counters.host().status, 0);
+    EXPECT_EQ(counters.processors(), std::nullopt);
+}
+
+TEST_F(CPUCountersTest, ReadsTheMachineItself)
+{
+    LinuxCPUCounters counters;
+    const auto begin = std::chrono::steady_clock::now();
+    while (std::chrono::steady_clock::now() - begin < std::chrono::milliseconds(100)) {
+    }
+    const auto host = counters.host();
+    EXPECT_EQ(host.status, 0);
+    EXPECT_GE(host.ticks.user + host.ticks.system + host.ticks.nice, 5u); // 100 ms are ten ticks of 10 ms
+    EXPECT_EQ(counters.processors()->size() % 4, 0u);
+}
+
+TEST_F(CPUCountersTest, AFileOf256ProcessorsIsReadWell)
+{
+    std::string text = "cpu  1000000 1000000 1000000 1000000 1000000 1000000 1000000 0 0 0\n";
+    for (int i = 0; i < 256; ++i)
+        text += "cpu" + std::to_string(i) + " 100000 100000 100000 100000 100000 100000 100000 0 0 0\n";
+    write(text + "intr 1 2 3\n");
+    LinuxCPUCounters counters(file);
+    const auto begin = std::chrono::steady_clock::now();
+    counters.host();
+    EXPECT_EQ(counters.processors()->size(), 256u * 4);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(5));
+}
+
+} // namespace
+
+} // namespace orrinvale

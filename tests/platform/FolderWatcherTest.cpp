@@ -1,0 +1,154 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxFolderWatcher.h"
+
+#include "tests/platform/WaitFor.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <filesystem>
+#include <fstream>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace orrinvale
+{
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+namespace
+{
+
+struct FolderWatcherTest : testing::Test {
+    FolderWatcherTest()
+    {
+        std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
+        folder = ::mkdtemp(pattern.data());
+    }
+    ~FolderWatcherTest() override { fs::remove_all(folder); }
+
+    void touch(const std::string& name) { std::ofstream(folder / name) << "x"; }
+    Cancellable count()
+    {
+        return watcher.watch(folder, [this] { ++changes; });
+    }
+    bool changesReach(int number)
+    {
+        return waitFor([&] { return changes >= number; }, 2s);
+    }
+
+    fs::path folder;
+    std::atomic<int> changes = 0;
+    LinuxFolderWatcher watcher;
+};
+
+TEST_F(FolderWatcherTest, TellsOfEntriesThatComeMoveAndGo)
+{
+    const auto token = count();
+    ASSERT_TRUE(token);
+    touch("a");
+    EXPECT_TRUE(changesReach(1));
+    fs::rename(folder / "a", folder / "b");
+    EXPECT_TRUE(changesReach(2));
+    fs::remove(folder / "b");
+    EXPECT_TRUE(changesReach(3));
+}
+
+TEST_F(FolderWatcherTest, WritingToAFileIsNoChange)
+{
+    touch("a");
+    const auto token = count();
+    for (int i = 0; i < 100; ++i)
+        std::ofstream(folder / "a", std::ios::app) << "more";
+    runEventsFor(50ms);
+    EXPECT_EQ(changes, 0);
+}
+
+TEST_F(FolderWatcherTest, AfterTheTokenNoCallStarts)
+{
+    auto token = count();
+    token.cancel();
+    touch("a");
+    runEventsFor(50ms);
+    EXPECT_EQ(changes, 0);
+}
+
+TEST_F(FolderWatcherTest, TwoWatchesOfOneFolderAreIndependent)
+{
+    const auto stays = count();
+    auto goes = count();
+    goes.cancel();
+    touch("a");
+    EXPECT_TRUE(changesReach(1));
+}
+
+TEST_F(FolderWatcherTest, AFileOrAMissingFolderCannotBeOpened)
+{
+    touch("file");
+    EXPECT_FALSE(watcher.watch(folder / "file", [] {}));
+    EXPECT_FALSE(watcher.watch(folder / "missing", [] {}));
+    EXPECT_EQ(watcher.entries(folder / "file"), std::nullopt);
+    EXPECT_EQ(watcher.entries(folder / "missing"), std::nullopt);
+}
+
+TEST_F(FolderWatcherTest, ListsDirectEntriesWithoutTheHiddenOnes)
+{
+    touch("film.part");
+    touch(".hidden.part");
+    fs::create_directory(folder / "Safari.download");
+    touch("Safari.download/inner.part");
+    const auto entries = watcher.entries(folder);
+    ASSERT_TRUE(entries);
+    std::vector<std::string> names;
+    for (const auto& entry : *entries)
+        names.push_back(entry.name);
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ(names, (std::vector<std::string>{"Safari.download", "film.part"}));
+}
+
+TEST_F(FolderWatcherTest, DatesAreThoseOfTheContent)
+{
+    touch("a");
+    const timespec times[2] = {{0, 0}, {1'000'000'000, 500'000'000}};
+    ASSERT_EQ(::utimensat(AT_FDCWD, (folder / "a").c_str(), times, 0), 0);
+    EXPECT_EQ(watcher.entries(folder)->at(0).modified, Instant(1'000'000'000'500ms));
+}
+
+TEST_F(FolderWatcherTest, DatesBeyondTheClockAreClamped)
+{
+    touch("a");
+    const timespec times[2] = {{0, 0}, {15'000'000'000, 0}};
+    ASSERT_EQ(::utimensat(AT_FDCWD, (folder / "a").c_str(), times, 0), 0);
+    EXPECT_GT(watcher.entries(folder)->at(0).modified, Instant(4'000'000'000s));
+}
+
+TEST_F(FolderWatcherTest, AnyBytesAreAName)
+{
+    touch("M\xFCtze\n\"<b>.part");
+    touch(std::string(255, 'x'));
+    EXPECT_EQ(watcher.entries(folder)->size(), 2u);
+}
+
+TEST_F(FolderWatcherTest, ADanglingLinkIsSkipped)
+{
+    fs::create_symlink("nowhere", folder / "link.part");
+    EXPECT_TRUE(watcher.entries(folder)->empty());
+}
+
+TEST_F(FolderWatcherTest, TenThousandEntriesAreListedWell)
+{
+    for (int i = 0; i < 10'000; ++i)
+        ::close(::open((folder / std::to_string(i)).c_str(), O_CREAT | O_WRONLY, 0600));
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(watcher.entries(folder)->size(), 10'000u);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 1s);
+}
+
+} // namespace
+
+} // namespace orrinvale
