@@ -1,0 +1,127 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxInhibitor.h"
+
+#include <QDBusError>
+
+#include <cerrno>
+#include <limits>
+
+namespace orrinvale
+{
+
+namespace
+{
+
+std::int32_t errorCode(const QDBusMessage& reply)
+{
+    if (reply.type() != QDBusMessage::ErrorMessage)
+        return -EBADMSG; // an answer of the wrong shape
+    switch (QDBusError(reply).type()) {
+    case QDBusError::ServiceUnknown:
+    case QDBusError::UnknownObject:
+    case QDBusError::UnknownInterface:
+    case QDBusError::UnknownMethod:
+    case QDBusError::NotSupported:
+        return -ENOTSUP;
+    case QDBusError::AccessDenied:
+        return -EACCES;
+    case QDBusError::NoReply:
+    case QDBusError::Timeout:
+    case QDBusError::TimedOut:
+        return -ETIMEDOUT;
+    case QDBusError::Disconnected:
+        return -ENOTCONN;
+    default:
+        return -EIO;
+    }
+}
+
+} // namespace
+
+LinuxInhibitor::LinuxInhibitor(InhibitorService service, const QDBusConnection& bus, Handlers handlers)
+    : m_service(std::move(service)), m_bus(bus), m_handlers(std::move(handlers)),
+      m_watcher(m_service.name, bus, QDBusServiceWatcher::WatchForOwnerChange)
+{
+    connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString&, const QString&, const QString& newOwner) { changeOwner(newOwner); });
+    auto question =
+        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
+                                       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
+    question << m_service.name;
+    m_presence = send(question);
+}
+
+LinuxInhibitor::~LinuxInhibitor() = default;
+
+// Without a time limit of its own: a call given up too early would leave a lock that nobody can release.
+LinuxInhibitor::Call LinuxInhibitor::send(const QDBusMessage& message)
+{
+    auto call = std::make_unique<QDBusPendingCallWatcher>(m_bus.asyncCall(message, std::numeric_limits<int>::max()));
+    const auto settle = [this] {
+        if (takeReply())
+            m_handlers.answered();
+    };
+    // Queued: taking the reply ends the watcher, which must not be in the middle of its own signal then.
+    connect(call.get(), &QDBusPendingCallWatcher::finished, this, settle, Qt::QueuedConnection);
+    return call;
+}
+
+void LinuxInhibitor::want(const std::optional<QString>& why)
+{
+    m_wanted = why;
+    if (!m_wanted) {
+        m_lock.cancel();
+        m_previousLock.cancel();
+    } else if (!m_lock && !m_request && isAvailable()) {
+        m_requested = *m_wanted;
+        m_request = send(m_service.request(m_requested));
+    }
+}
+
+bool LinuxInhibitor::takeReply()
+{
+    const auto finished = [](const Call& call) { return call && call->isFinished(); };
+    if (finished(m_presence)) {
+        takePresence(std::exchange(m_presence, nullptr)->reply());
+        return true;
+    }
+    if (finished(m_request)) {
+        takeGrant(std::exchange(m_request, nullptr)->reply());
+        return true;
+    }
+    return false;
+}
+
+void LinuxInhibitor::takePresence(const QDBusMessage& reply)
+{
+    m_isPresent = !reply.arguments().isEmpty() && reply.arguments().first().toBool();
+}
+
+void LinuxInhibitor::takeGrant(const QDBusMessage& reply)
+{
+    const auto granted = reply.type() == QDBusMessage::ReplyMessage;
+    auto lock = granted ? m_service.lock(m_bus, reply) : Cancellable();
+    if (!lock) {
+        m_error = errorCode(reply);
+        return;
+    }
+    if (m_wanted != m_requested)
+        return; // dropped, and so released
+    m_lock = std::move(lock);
+    m_previousLock.cancel();
+}
+
+void LinuxInhibitor::changeOwner(const QString& newOwner)
+{
+    m_isPresent = !newOwner.isEmpty();
+    m_error = 0;
+    m_presence.reset();
+    m_request.reset();
+    if (m_lock && m_service.restart == InhibitorService::Restart::mayKeepLock)
+        m_previousLock = std::move(m_lock);
+    m_lock.detach();
+    m_handlers.ownerChanged();
+}
+
+} // namespace orrinvale
