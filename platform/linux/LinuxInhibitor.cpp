@@ -52,7 +52,22 @@ LinuxInhibitor::LinuxInhibitor(InhibitorService service, const QDBusConnection& 
     m_presence = send(question);
 }
 
-LinuxInhibitor::~LinuxInhibitor() = default;
+// A lock still under way would outlive its inhibitor on the shared connection: it is given back when it comes.
+LinuxInhibitor::~LinuxInhibitor()
+{
+    if (!m_request)
+        return;
+    if (m_request->isFinished()) {
+        m_service.lock(m_bus, m_request->reply()).cancel();
+        return;
+    }
+    auto* call = m_request.release();
+    call->disconnect(this);
+    connect(call, &QDBusPendingCallWatcher::finished, call, [call, bus = m_bus, lock = m_service.lock] {
+        lock(bus, call->reply()).cancel();
+        call->deleteLater();
+    });
+}
 
 // Without a time limit of its own: a call given up too early would leave a lock that nobody can release.
 LinuxInhibitor::Call LinuxInhibitor::send(const QDBusMessage& message)
