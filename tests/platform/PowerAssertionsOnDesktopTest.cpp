@@ -170,6 +170,25 @@ TEST_F(PowerAssertionsOnDesktop, AServiceThatReturnsIsAskedAgain)
     EXPECT_TRUE(service->logs(m_powerManagementHeld + QStringList{QStringLiteral("UnInhibit 41")}));
 }
 
+TEST_F(PowerAssertionsOnDesktop, ACookieIsNeverGivenBackToAnotherOwner)
+{
+    auto first = std::make_unique<PowerService>(kind("power-management"));
+    reset();
+    ASSERT_EQ(create().status, 0);
+    PowerService second(kind("power-management"), PowerService::Start::queued);
+    first.reset();
+    EXPECT_TRUE(second.logs(m_powerManagementHeld)) << second.log().join(u'|').toStdString();
+}
+
+TEST_F(PowerAssertionsOnDesktop, ALateCookieOfAnEarlierReasonIsReplaced)
+{
+    PowerService late(kind("power-management", "1.2"));
+    reset();
+    EXPECT_EQ(create().status, -ETIMEDOUT);
+    m_power->create("NoIdleSleepAssertion", 255, "Downloading film.mkv.part");
+    EXPECT_TRUE(waitFor([&] { return late.log().contains(QStringLiteral("UnInhibit 41")); }));
+}
+
 TEST_F(PowerAssertionsOnDesktop, AServiceThatReturnsUnwantedIsLeftAlone)
 {
     auto service = std::make_unique<PowerService>(kind("power-management"));

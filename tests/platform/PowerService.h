@@ -60,11 +60,15 @@ std::chrono::milliseconds timeTaken(Work work)
 class PowerService
 {
 public:
-    explicit PowerService(const QStringList& arguments)
+    // A queued one gets the name when the present owner ends, without a moment in between.
+    enum class Start { owning, queued };
+
+    explicit PowerService(const QStringList& arguments, Start start = Start::owning)
     {
+        const auto awaited = start == Start::owning ? QStringLiteral("ready") : QStringLiteral("started");
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_process.start(QStringLiteral(POWER_SERVICE), arguments);
-        waitFor([this] { return lines().contains(QStringLiteral("ready")); });
+        waitFor([&] { return lines().contains(awaited); });
     }
     ~PowerService()
     {
@@ -72,8 +76,8 @@ public:
         m_process.waitForFinished();
     }
 
-    // What it was asked and answered, without the opening line.
-    QStringList log() { return lines().mid(1); }
+    // What it was asked and answered, without the two opening lines.
+    QStringList log() { return lines().mid(2); }
     bool logs(const QStringList& expected)
     {
         return waitFor([&] { return log() == expected; });

@@ -4,7 +4,7 @@
 """One power service on the session bus that writes down what it is asked: power_service.py KIND [SECONDS]
 
 It answers a request SECONDS late, or refuses it when SECONDS is "refuse". Each request and release is a line on
-standard output; "ready" comes first.
+standard output, after "started" and, once it owns its name, "ready".
 """
 import sys
 from gi.repository import Gio, GLib
@@ -65,6 +65,7 @@ def acquired(bus, _name):
     if not give:
         register(bus, REQUEST, '<node><interface name="org.freedesktop.portal.Request"><method name="Close"/>'
                                "</interface></node>")
+    say("started")
 
 
 Gio.bus_own_name(Gio.BusType.SESSION, name, Gio.BusNameOwnerFlags.NONE, acquired, lambda *_: say("ready"), None)
