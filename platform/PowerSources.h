@@ -14,6 +14,8 @@ struct PowerSource {
     std::optional<std::string> state; // "AC Power" on external power; nullopt: not told
     std::optional<std::int64_t> currentCapacity;
     std::optional<std::int64_t> maximumCapacity; // in the unit of `currentCapacity`
+
+    friend bool operator==(const PowerSource&, const PowerSource&) = default;
 };
 
 class PowerSources

@@ -1,0 +1,169 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxPowerSources.h"
+
+#include "base/AtomicFile.h"
+#include "base/MainQueue.h"
+
+#include <charconv>
+#include <cmath>
+#include <future>
+
+#include <QDBusPendingCall>
+#include <QDBusPendingReply>
+#include <QPointer>
+
+namespace orrinvale
+{
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+const auto service = QStringLiteral("org.freedesktop.UPower");
+const auto managerPath = QStringLiteral("/org/freedesktop/UPower");
+const auto devicePath = QStringLiteral("/org/freedesktop/UPower/devices/DisplayDevice");
+const auto managerInterface = QStringLiteral("org.freedesktop.UPower");
+const auto deviceInterface = QStringLiteral("org.freedesktop.UPower.Device");
+const auto propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+const auto propertiesChanged = QStringLiteral("PropertiesChanged");
+
+constexpr auto onMains = "AC Power";
+constexpr auto onBattery = "Battery Power";
+// UPower's percentage is a fraction: hundredths of a percent keep 19.6 apart from 19.
+constexpr std::int64_t fullCapacity = 10'000;
+
+std::string attribute(const fs::path& device, const char* name)
+{
+    auto text = readWholeFile(device / name).value_or("");
+    while (!text.empty() && text.back() == '\n')
+        text.pop_back();
+    return text;
+}
+
+std::optional<std::int64_t> capacityOf(const fs::path& battery)
+{
+    const auto text = attribute(battery, "capacity");
+    std::int64_t percent = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), percent);
+    if (error != std::errc{})
+        return std::nullopt;
+    return percent * fullCapacity / 100;
+}
+
+} // namespace
+
+std::optional<PowerSource> powerSourceFromSysfs(const std::string& folder)
+{
+    std::optional<PowerSource> battery;
+    bool external = false;
+    std::error_code error;
+    for (fs::directory_iterator each(folder, error), end; !error && each != end; each.increment(error)) {
+        const auto& device = each->path();
+        const auto type = attribute(device, "type");
+        if (type == "Mains" || type == "USB")
+            external = external || attribute(device, "online") == "1";
+        const auto isOurs = type == "Battery" && attribute(device, "scope") != "Device";
+        if (isOurs && !battery && attribute(device, "present") != "0")
+            battery = PowerSource{attribute(device, "status") == "Discharging" ? onBattery : onMains,
+                                  capacityOf(device), fullCapacity};
+    }
+    if (battery && external)
+        battery->state = onMains;
+    return battery;
+}
+
+LinuxPowerSources::LinuxPowerSources(const QDBusConnection& systemBus, MainQueue& queue, SerialQueue& background,
+                                     std::string sysfsFolder)
+    : m_bus(systemBus), m_queue(queue), m_background(background), m_sysfsFolder(std::move(sysfsFolder)),
+      m_watcher(service, m_bus, QDBusServiceWatcher::WatchForOwnerChange),
+      m_deviceChanges(m_bus, service, devicePath, propertiesInterface, propertiesChanged,
+                      [this](const auto& message) { takeDevice(mapOf(message, 1)); }),
+      m_managerChanges(m_bus, service, managerPath, propertiesInterface, propertiesChanged,
+                       [this](const auto& message) { takeManager(mapOf(message, 1)); })
+{
+    QObject::connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+                     [this](const QString&, const QString&, const QString& owner) {
+                         forget();
+                         if (!owner.isEmpty())
+                             ask();
+                     });
+}
+
+void LinuxPowerSources::ask()
+{
+    callLater(m_bus, getAllCall(service, devicePath, deviceInterface), this,
+              [this](const auto& reply) { takeDevice(mapOf(reply)); });
+    callLater(m_bus, getAllCall(service, managerPath, managerInterface), this,
+              [this](const auto& reply) { takeManager(mapOf(reply)); });
+}
+
+void LinuxPowerSources::prime(std::chrono::milliseconds bound)
+{
+    const auto milliseconds = static_cast<int>(bound.count());
+    auto device = m_bus.asyncCall(getAllCall(service, devicePath, deviceInterface), milliseconds);
+    auto manager = m_bus.asyncCall(getAllCall(service, managerPath, managerInterface), milliseconds);
+    device.waitForFinished();
+    manager.waitForFinished();
+    takeDevice(mapOf(device.reply()));
+    takeManager(mapOf(manager.reply()));
+    if (m_onBattery)
+        return;
+    ask(); // a UPower that is slow to start answers later
+    const auto read = std::make_shared<std::promise<std::optional<PowerSource>>>();
+    auto result = read->get_future();
+    m_background.post([read, folder = m_sysfsFolder] { read->set_value(powerSourceFromSysfs(folder)); });
+    if (result.wait_for(bound) == std::future_status::ready)
+        m_sysfs = result.get();
+}
+
+void LinuxPowerSources::takeDevice(const QVariantMap& properties)
+{
+    if (const auto value = properties.value(QStringLiteral("IsPresent")); value.isValid())
+        m_isPresent = value.toBool();
+    if (const auto value = properties.value(QStringLiteral("Percentage")); value.isValid())
+        m_percentage = value.toDouble();
+}
+
+void LinuxPowerSources::takeManager(const QVariantMap& properties)
+{
+    if (const auto value = properties.value(QStringLiteral("OnBattery")); value.isValid())
+        m_onBattery = value.toBool();
+}
+
+void LinuxPowerSources::forget()
+{
+    m_isPresent.reset();
+    m_onBattery.reset();
+    m_percentage.reset();
+    readSysfsLater();
+}
+
+void LinuxPowerSources::readSysfsLater()
+{
+    if (m_isReadingSysfs)
+        return;
+    m_isReadingSysfs = true;
+    m_background.post([&queue = m_queue, folder = m_sysfsFolder, self = QPointer(this)] {
+        queue.post([self, source = powerSourceFromSysfs(folder)] {
+            if (!self)
+                return;
+            self->m_isReadingSysfs = false;
+            self->m_sysfs = source;
+        });
+    });
+}
+
+std::optional<PowerSource> LinuxPowerSources::first()
+{
+    if (!m_onBattery || !m_isPresent || !m_percentage) {
+        readSysfsLater();
+        return m_sysfs;
+    }
+    if (!*m_isPresent)
+        return std::nullopt;
+    return PowerSource{*m_onBattery ? onBattery : onMains, std::llround(*m_percentage * 100), fullCapacity};
+}
+
+} // namespace orrinvale

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/MainQueue.h"
+#include "base/SerialQueue.h"
+#include "platform/ProcessStatus.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+
+namespace orrinvale
+{
+
+// Processor shares from two readings of /proc/PID/stat a good second apart. Kernel threads and the session's own
+// machinery are left out. Main thread; the readings are taken in the background.
+class LinuxProcessStatus final : public ProcessStatus
+{
+public:
+    LinuxProcessStatus(MainQueue& queue, SerialQueue& background, std::string procFolder = "/proc");
+
+    void prepare() override;
+    std::optional<std::string> table() override { return m_table; }
+
+private:
+    MainQueue& m_queue;
+    SerialQueue& m_background;
+    std::string m_procFolder;
+    std::optional<std::string> m_table;
+    Cancellable m_secondReading;
+    std::shared_ptr<LinuxProcessStatus*> m_measuring; // stands while a measurement is under way
+};
+
+// One reading: ticks by (pid, start time).
+struct ProcessTicks {
+    std::uint64_t ticks; // user and system, in clock ticks
+    std::string comm;
+};
+using ProcessReading = std::map<std::pair<std::int32_t, std::uint64_t>, ProcessTicks>;
+
+ProcessReading readProcesses(const std::string& procFolder);
+// The table over the interval between two readings.
+std::string processTable(const std::string& procFolder, const ProcessReading& first, const ProcessReading& second,
+                         std::chrono::duration<double> interval);
+
+} // namespace orrinvale

@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxSessionEvents.h"
+
+#include <QDBusObjectPath>
+
+namespace orrinvale
+{
+
+namespace
+{
+
+const auto logind = QStringLiteral("org.freedesktop.login1");
+const auto sessionInterface = QStringLiteral("org.freedesktop.login1.Session");
+const auto propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+const auto propertiesChanged = QStringLiteral("PropertiesChanged");
+const auto compositor = QStringLiteral("org.gnome.Mutter.DisplayConfig");
+const QStringList screenSavers{QStringLiteral("org.gnome.ScreenSaver"), QStringLiteral("org.freedesktop.ScreenSaver"),
+                               QStringLiteral("org.cinnamon.ScreenSaver"), QStringLiteral("org.mate.ScreenSaver"),
+                               QStringLiteral("org.xfce.ScreenSaver")};
+
+} // namespace
+
+LinuxSessionEvents::LinuxSessionEvents(const QDBusConnection& sessionBus, const QDBusConnection& systemBus,
+                                       MainQueue& queue)
+    : m_sessionBus(sessionBus), m_systemBus(systemBus), m_queue(queue),
+      m_logindWatcher(logind, m_systemBus, QDBusServiceWatcher::WatchForOwnerChange)
+{
+    QObject::connect(&m_logindWatcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+                     [this](const QString&, const QString&, const QString& owner) {
+                         takeSession({{QStringLiteral("Active"), true}, {QStringLiteral("LockedHint"), false}});
+                         if (!owner.isEmpty())
+                             findSession();
+                     });
+    findSession();
+    watchScreenSavers();
+    watchCompositor();
+}
+
+void LinuxSessionEvents::findSession()
+{
+    auto call =
+        QDBusMessage::createMethodCall(logind, QStringLiteral("/org/freedesktop/login1"),
+                                       QStringLiteral("org.freedesktop.login1.Manager"), QStringLiteral("GetSession"));
+    call.setAutoStartService(false);
+    // "auto" is the caller's session, or the user's graphical one for a caller outside any.
+    callLater(m_systemBus, call << QStringLiteral("auto"), this, [this](const QDBusMessage& reply) {
+        if (reply.type() == QDBusMessage::ReplyMessage)
+            followSession(reply.arguments().value(0).value<QDBusObjectPath>().path());
+    });
+}
+
+void LinuxSessionEvents::followSession(const QString& path)
+{
+    m_sessionChanges =
+        std::make_unique<DBusSignal>(m_systemBus, logind, path, propertiesInterface, propertiesChanged,
+                                     [this](const QDBusMessage& message) { takeSession(mapOf(message, 1)); });
+    callLater(m_systemBus, getAllCall(logind, path, sessionInterface), this,
+              [this](const QDBusMessage& reply) { takeSession(mapOf(reply)); });
+}
+
+void LinuxSessionEvents::takeSession(const QVariantMap& properties)
+{
+    if (const auto active = properties.value(QStringLiteral("Active")); active.isValid())
+        say(QStringLiteral("inactive"), !active.toBool());
+    if (const auto locked = properties.value(QStringLiteral("LockedHint")); locked.isValid())
+        say(QStringLiteral("locked"), locked.toBool());
+}
+
+void LinuxSessionEvents::watchScreenSavers()
+{
+    m_saverWatcher.setConnection(m_sessionBus);
+    m_saverWatcher.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
+    for (const auto& name : screenSavers) {
+        m_saverWatcher.addWatchedService(name);
+        m_signals.push_back(std::make_unique<DBusSignal>(
+            m_sessionBus, QString(), QString(), name, QStringLiteral("ActiveChanged"),
+            [this, name](const QDBusMessage& message) { say(name, message.arguments().value(0).toBool()); }));
+    }
+    m_saverWatcher.addWatchedService(compositor);
+    QObject::connect(&m_saverWatcher, &QDBusServiceWatcher::serviceUnregistered, this,
+                     [this](const QString& name) { say(name, false); });
+}
+
+void LinuxSessionEvents::watchCompositor()
+{
+    const auto power = QStringLiteral("PowerSaveMode"); // 0: the display is on, -1: not known
+    m_signals.push_back(std::make_unique<DBusSignal>(
+        m_sessionBus, compositor, QStringLiteral("/org/gnome/Mutter/DisplayConfig"), propertiesInterface,
+        propertiesChanged, [this, power](const QDBusMessage& message) {
+            if (const auto mode = mapOf(message, 1).value(power); mode.isValid())
+                say(compositor, mode.toInt() > 0);
+        }));
+}
+
+void LinuxSessionEvents::say(const QString& who, bool isAsleep)
+{
+    if (isAsleep)
+        m_asleep.insert(who);
+    else
+        m_asleep.erase(who);
+    const auto presence = m_asleep.empty() ? ScreenPresence::Awake : ScreenPresence::Asleep;
+    if (presence != m_presence.get())
+        m_presence.set(presence);
+}
+
+Cancellable LinuxSessionEvents::observe(std::function<void(ScreenPresence)> onChange)
+{
+    if (m_presence.get() == ScreenPresence::Awake)
+        return m_presence.observe(std::move(onChange), Deliver::ChangesOnly);
+    return m_presence.observeOn(m_queue, std::move(onChange));
+}
+
+} // namespace orrinvale

@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxUserNotifications.h"
+
+namespace orrinvale
+{
+
+namespace
+{
+
+const auto service = QStringLiteral("org.freedesktop.Notifications");
+const auto path = QStringLiteral("/org/freedesktop/Notifications");
+constexpr int daemonsOwnTimeout = -1;
+
+QDBusMessage notificationCall(const char* method)
+{
+    return QDBusMessage::createMethodCall(service, path, service, QString::fromLatin1(method));
+}
+
+} // namespace
+
+LinuxUserNotifications::LinuxUserNotifications(const QDBusConnection& sessionBus)
+    : m_bus(sessionBus), m_watcher(service, m_bus, QDBusServiceWatcher::WatchForOwnerChange),
+      m_closed(m_bus, service, path, service, QStringLiteral("NotificationClosed"),
+               [this](const QDBusMessage& message) {
+                   const auto id = message.arguments().value(0).toUInt();
+                   for (auto& [identifier, notification] : m_notifications) {
+                       if (notification.deliveredId == id)
+                           notification.deliveredId = 0;
+                   }
+               })
+{
+    QObject::connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, [this] { forgetDaemon(); });
+}
+
+void LinuxUserNotifications::forgetDaemon()
+{
+    ++m_daemon;
+    m_markup = Markup::Unknown;
+    for (auto& [identifier, notification] : m_notifications)
+        notification.deliveredId = 0;
+}
+
+void LinuxUserNotifications::post(const UserNotification& notification)
+{
+    if (!m_bus.isConnected())
+        return;
+    auto& entry = m_notifications[notification.identifier];
+    entry.next = notification;
+    entry.closeOnArrival = false;
+    send(notification.identifier);
+}
+
+void LinuxUserNotifications::removeDelivered(const std::vector<std::string>& identifiers)
+{
+    for (const auto& identifier : identifiers) {
+        auto& entry = m_notifications[identifier];
+        entry.next.reset();
+        entry.closeOnArrival = entry.isOnItsWay;
+        if (entry.deliveredId != 0)
+            close(std::exchange(entry.deliveredId, 0));
+    }
+}
+
+void LinuxUserNotifications::close(quint32 id)
+{
+    m_bus.send(notificationCall("CloseNotification") << id);
+}
+
+void LinuxUserNotifications::askForMarkup()
+{
+    m_markup = Markup::Asked;
+    callLater(m_bus, notificationCall("GetCapabilities"), this, [this](const QDBusMessage& reply) {
+        const auto capabilities = reply.arguments().value(0).toStringList();
+        m_markup = capabilities.contains(QStringLiteral("body-markup")) ? Markup::Supported : Markup::Plain;
+        for (const auto& [identifier, notification] : m_notifications)
+            send(identifier);
+    });
+}
+
+QString LinuxUserNotifications::bodyOf(const UserNotification& notification) const
+{
+    const auto body = QString::fromStdString(notification.body);
+    return m_markup == Markup::Supported ? body.toHtmlEscaped() : body;
+}
+
+void LinuxUserNotifications::send(const std::string& identifier)
+{
+    auto& entry = m_notifications[identifier];
+    if (!entry.next || entry.isOnItsWay)
+        return;
+    if (m_markup == Markup::Unknown)
+        askForMarkup();
+    if (m_markup == Markup::Asked)
+        return; // its answer sends
+    const auto notification = *std::exchange(entry.next, std::nullopt);
+    entry.isOnItsWay = true;
+    const QVariantMap hints{{QStringLiteral("desktop-entry"), QStringLiteral("orrinvale")},
+                            {QStringLiteral("sound-name"), QStringLiteral("message-new-instant")}};
+    const auto name = QStringLiteral("orrinvale");
+    const auto call = notificationCall("Notify")
+                      << name << entry.deliveredId << name << QString::fromStdString(notification.title)
+                      << bodyOf(notification) << QStringList() << hints << daemonsOwnTimeout;
+    callLater(m_bus, call, this, [this, identifier, daemon = m_daemon](const QDBusMessage& reply) {
+        auto& arrived = m_notifications[identifier];
+        arrived.isOnItsWay = false;
+        const auto isOurs = reply.type() == QDBusMessage::ReplyMessage && daemon == m_daemon;
+        arrived.deliveredId = isOurs ? reply.arguments().value(0).toUInt() : 0;
+        if (std::exchange(arrived.closeOnArrival, false) && arrived.deliveredId != 0)
+            close(std::exchange(arrived.deliveredId, 0));
+        send(identifier);
+    });
+}
+
+} // namespace orrinvale

@@ -1,0 +1,120 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxPowerSources.h"
+
+#include "base/ThreadSerialQueue.h"
+#include "platform/qt/QtMainQueue.h"
+#include "tests/platform/WaitFor.h"
+
+#include <gtest/gtest.h>
+
+#include <QProcess>
+
+#include <filesystem>
+#include <fstream>
+
+namespace orrinvale
+{
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+namespace
+{
+
+void bed(const QStringList& arguments)
+{
+    ASSERT_EQ(QProcess::execute(qEnvironmentVariable("BED_TOOL"), arguments), 0);
+}
+
+struct PowerSourcesTest : testing::Test {
+    bool reports(const char* state, std::int64_t capacity)
+    {
+        return waitFor([&] {
+            const auto source = sources.first();
+            return source && source->state == state && source->currentCapacity == capacity;
+        });
+    }
+
+    QtMainQueue queue;
+    ThreadSerialQueue background{"test"};
+    LinuxPowerSources sources{QDBusConnection::systemBus(), queue, background, "/nonexistent"};
+};
+
+// One story, in order: the bed has one battery.
+TEST_F(PowerSourcesTest, FollowsARealUPower)
+{
+    sources.prime(1s);
+    const auto source = sources.first();
+    ASSERT_TRUE(source);
+    EXPECT_EQ(source->state, "Battery Power");
+    EXPECT_EQ(source->currentCapacity, 5700);
+    EXPECT_EQ(source->maximumCapacity, 10000);
+    bed({QStringLiteral("battery"), QStringLiteral("bat 20 Discharging")});
+    EXPECT_TRUE(reports("Battery Power", 2000));
+    bed({QStringLiteral("battery"), QStringLiteral("ac 1")});
+    bed({QStringLiteral("battery"), QStringLiteral("bat 21 Charging")});
+    EXPECT_TRUE(reports("AC Power", 2100));
+    bed({QStringLiteral("battery"), QStringLiteral("nobat")});
+    EXPECT_TRUE(waitFor([&] { return !sources.first(); }));
+    bed({QStringLiteral("restart"), QStringLiteral("upower")});
+    EXPECT_TRUE(waitFor([&] { return sources.first().has_value(); }));
+    EXPECT_TRUE(reports("Battery Power", 5700));
+}
+
+struct SysfsTest : testing::Test {
+    SysfsTest()
+    {
+        std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
+        folder = ::mkdtemp(pattern.data());
+    }
+    ~SysfsTest() override { fs::remove_all(folder); }
+
+    void device(const std::string& name, const std::vector<std::pair<std::string, std::string>>& attributes)
+    {
+        fs::create_directory(folder / name);
+        for (const auto& [key, value] : attributes)
+            std::ofstream(folder / name / key) << value << '\n';
+    }
+
+    fs::path folder;
+};
+
+TEST_F(SysfsTest, ADischargingBatteryIsBatteryPower)
+{
+    device("BAT0", {{"type", "Battery"}, {"status", "Discharging"}, {"capacity", "19"}});
+    device("AC", {{"type", "Mains"}, {"online", "0"}});
+    const auto source = powerSourceFromSysfs(folder);
+    ASSERT_TRUE(source);
+    EXPECT_EQ(source->state, "Battery Power");
+    EXPECT_EQ(source->currentCapacity, 1900);
+}
+
+TEST_F(SysfsTest, MainsOnlineIsExternalPower)
+{
+    device("BAT0", {{"type", "Battery"}, {"status", "Discharging"}, {"capacity", "19"}});
+    device("AC", {{"type", "Mains"}, {"online", "1"}});
+    EXPECT_EQ(powerSourceFromSysfs(folder)->state, "AC Power");
+}
+
+TEST_F(SysfsTest, TheBatteryOfAMouseIsNotTheMachines)
+{
+    device("mouse", {{"type", "Battery"}, {"scope", "Device"}, {"status", "Discharging"}, {"capacity", "5"}});
+    EXPECT_EQ(powerSourceFromSysfs(folder), std::nullopt);
+}
+
+TEST_F(SysfsTest, NothingToReadIsNothing)
+{
+    EXPECT_EQ(powerSourceFromSysfs(folder), std::nullopt);
+    EXPECT_EQ(powerSourceFromSysfs(folder / "missing"), std::nullopt);
+}
+
+TEST_F(SysfsTest, ANonsensicalCapacityIsAbsent)
+{
+    device("BAT0", {{"type", "Battery"}, {"status", "Discharging"}, {"capacity", "full"}});
+    EXPECT_EQ(powerSourceFromSysfs(folder)->currentCapacity, std::nullopt);
+}
+
+} // namespace
+
+} // namespace orrinvale
