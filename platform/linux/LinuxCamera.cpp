@@ -1,0 +1,130 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxCamera.h"
+
+#include "platform/linux/ProcFolder.h"
+
+#include <array>
+#include <filesystem>
+#include <future>
+
+#include <sys/inotify.h>
+#include <unistd.h>
+
+#include <fmt/format.h>
+
+namespace orrinvale
+{
+
+using namespace std::chrono_literals;
+namespace fs = std::filesystem;
+
+namespace
+{
+
+constexpr auto firstAnswer = 100ms;
+constexpr std::string_view nodePrefix = "video";
+
+bool mayHold(const std::string& comm)
+{
+    // The media server opens a camera to look at it; who uses it through the server is told by the server's own node.
+    return comm != "pipewire" && comm != "wireplumber";
+}
+
+bool holdsDevice(const std::string& procFolder, std::int32_t pid, const std::string& prefix)
+{
+    std::error_code error;
+    const fs::path folder = fmt::format("{}/{}/fd", procFolder, pid);
+    for (fs::directory_iterator each(folder, error), end; !error && each != end; each.increment(error)) {
+        std::error_code gone;
+        if (fs::read_symlink(each->path(), gone).string().starts_with(prefix))
+            return true;
+    }
+    return false;
+}
+
+bool isAnyDeviceHeld(const std::string& procFolder, const std::string& prefix)
+{
+    for (const auto pid : processIds(procFolder)) {
+        if (pid != ::getpid() && holdsDevice(procFolder, pid, prefix)) {
+            const auto stat = processStat(procFolder, pid);
+            if (stat && mayHold(stat->comm))
+                return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+struct LinuxCamera::Look {
+    LinuxCamera& owner;
+    std::promise<bool> promise{};
+    std::future<bool> result = promise.get_future();
+};
+
+LinuxCamera::LinuxCamera(MainQueue& queue, SerialQueue& background, std::string deviceFolder, std::string procFolder)
+    : m_queue(queue), m_background(background), m_deviceFolder(std::move(deviceFolder)),
+      m_procFolder(std::move(procFolder))
+{
+}
+
+LinuxCamera::~LinuxCamera()
+{
+    if (m_inotify >= 0)
+        ::close(m_inotify);
+}
+
+void LinuxCamera::watchDevices()
+{
+    std::error_code error;
+    for (fs::directory_iterator each(m_deviceFolder, error), end; !error && each != end; each.increment(error)) {
+        if (each->path().filename().string().starts_with(nodePrefix))
+            ::inotify_add_watch(m_inotify, each->path().c_str(), IN_OPEN | IN_CLOSE);
+    }
+}
+
+// Reads what waits, and never waits itself.
+bool LinuxCamera::hasChanged()
+{
+    if (m_inotify < 0) {
+        m_inotify = ::inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
+        ::inotify_add_watch(m_inotify, m_deviceFolder.c_str(), IN_CREATE | IN_DELETE);
+        watchDevices();
+        return true;
+    }
+    std::array<char, 4096> events;
+    bool changed = false;
+    while (::read(m_inotify, events.data(), events.size()) > 0)
+        changed = true;
+    if (changed)
+        watchDevices(); // a camera may have been plugged in
+    return changed;
+}
+
+bool LinuxCamera::isInUse()
+{
+    const auto isFirstQuestion = m_inotify < 0;
+    m_isStale = hasChanged() || m_isStale;
+    if (m_isStale && !m_look) {
+        m_isStale = false;
+        m_look = std::make_shared<Look>(Look{*this});
+        m_background.post([&queue = m_queue, proc = m_procFolder,
+                           prefix = fmt::format("{}/{}", m_deviceFolder, nodePrefix), weak = std::weak_ptr(m_look)] {
+            const auto held = isAnyDeviceHeld(proc, prefix);
+            if (const auto look = weak.lock())
+                look->promise.set_value(held);
+            queue.post([weak, held] {
+                if (const auto look = weak.lock()) {
+                    look->owner.m_isInUse = held;
+                    look->owner.m_look.reset();
+                }
+            });
+        });
+    }
+    if (isFirstQuestion && m_look->result.wait_for(firstAnswer) == std::future_status::ready)
+        m_isInUse = m_look->result.get();
+    return m_isInUse;
+}
+
+} // namespace orrinvale

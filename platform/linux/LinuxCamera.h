@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/MainQueue.h"
+#include "base/SerialQueue.h"
+
+#include <memory>
+#include <string>
+
+namespace orrinvale
+{
+
+// Whether a process of the user's holds a capture device open. Descriptors are looked through in the background, when
+// asked and only after a device was opened or closed. Processes of other users cannot be seen. Main thread.
+class LinuxCamera
+{
+public:
+    LinuxCamera(MainQueue& queue, SerialQueue& background, std::string deviceFolder = "/dev",
+                std::string procFolder = "/proc");
+    ~LinuxCamera();
+
+    // The first question waits for the look, at most 100 ms; a later one gives the newest finished answer.
+    bool isInUse();
+
+private:
+    struct Look;
+
+    bool hasChanged();
+    void watchDevices();
+
+    MainQueue& m_queue;
+    SerialQueue& m_background;
+    std::string m_deviceFolder;
+    std::string m_procFolder;
+    int m_inotify = -1;
+    bool m_isInUse = false;
+    bool m_isStale = true;
+    std::shared_ptr<Look> m_look; // the one under way
+};
+
+} // namespace orrinvale

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/MediaDevices.h"
+#include "platform/linux/LinuxCamera.h"
+#include "platform/linux/LinuxMicrophone.h"
+
+namespace orrinvale
+{
+
+class LinuxMediaDevices final : public MediaDevices
+{
+public:
+    LinuxMediaDevices(MainQueue& queue, SerialQueue& background) : m_camera(queue, background), m_microphone(queue) {}
+
+    bool isCameraInUse() override { return m_camera.isInUse(); }
+    bool isMicrophoneInUse() override { return m_microphone.isInUse(); }
+
+private:
+    LinuxCamera m_camera;
+    LinuxMicrophone m_microphone;
+};
+
+} // namespace orrinvale

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxPlatform.h"
+
+#include <QCoreApplication>
+
+namespace orrinvale
+{
+
+using namespace std::chrono_literals;
+
+constexpr auto primingBound = 100ms;
+
+LinuxPlatform::LinuxPlatform(Desktop desktop)
+    : m_sessionBus(QDBusConnection::sessionBus()), m_systemBus(QDBusConnection::systemBus()),
+      m_appearance(m_sessionBus, std::move(desktop.isPaletteDark), std::move(desktop.applyAppearance)),
+      m_loginItem(m_support.configDirectory() / "autostart", QCoreApplication::applicationFilePath().toStdString()),
+      m_mediaDevices(m_queue, m_background), m_powerAssertions(m_sessionBus, m_systemBus, m_queue),
+      m_powerSources(m_systemBus, m_queue, m_background), m_processStatus(m_queue, m_background),
+      m_runningApplications(m_queue, m_background), m_sessionEvents(m_sessionBus, m_systemBus, m_queue),
+      m_userDefaults(m_support.configDirectory() / "orrinvale" / "settings.json"), m_userNotifications(m_sessionBus)
+{
+}
+
+void LinuxPlatform::prime()
+{
+    m_runningApplications.refresh(); // goes on beside the questions below
+    m_powerSources.prime(primingBound);
+    m_appearance.prime(primingBound);
+    m_runningApplications.waitForRefresh(primingBound);
+}
+
+Platform LinuxPlatform::platform()
+{
+    return {m_queue,           m_serialQueues,    m_background,       m_clock,         m_support,
+            m_appearance,      m_cpuCounters,     m_folderWatcher,    m_loginItem,     m_mediaDevices,
+            m_networkCounters, m_powerAssertions, m_powerSources,     m_processStatus, m_runningApplications,
+            m_sessionEvents,   m_userDefaults,    m_userNotifications};
+}
+
+} // namespace orrinvale

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/Clock.h"
+#include "base/ThreadSerialQueue.h"
+#include "platform/Platform.h"
+#include "platform/linux/LinuxAppearance.h"
+#include "platform/linux/LinuxApplicationSupport.h"
+#include "platform/linux/LinuxCPUCounters.h"
+#include "platform/linux/LinuxFolderWatcher.h"
+#include "platform/linux/LinuxLoginItem.h"
+#include "platform/linux/LinuxMediaDevices.h"
+#include "platform/linux/LinuxNetworkCounters.h"
+#include "platform/linux/LinuxPowerAssertions.h"
+#include "platform/linux/LinuxPowerSources.h"
+#include "platform/linux/LinuxProcessStatus.h"
+#include "platform/linux/LinuxRunningApplications.h"
+#include "platform/linux/LinuxSessionEvents.h"
+#include "platform/linux/LinuxUserDefaults.h"
+#include "platform/linux/LinuxUserNotifications.h"
+#include "platform/qt/QtMainQueue.h"
+
+namespace orrinvale
+{
+
+// Every Linux adapter, made once on the main thread, after the application object.
+class LinuxPlatform
+{
+public:
+    struct Desktop {
+        std::function<bool()> isPaletteDark;
+        std::function<void(AppearanceChoice)> applyAppearance;
+    };
+    explicit LinuxPlatform(Desktop desktop);
+
+    // Gives battery, appearance and running applications real values before the first decision; bounded.
+    void prime();
+    Platform platform();
+
+private:
+    QDBusConnection m_sessionBus;
+    QDBusConnection m_systemBus;
+    SystemClock m_clock;
+    QtMainQueue m_queue;
+    ThreadSerialQueues m_serialQueues;
+    ThreadSerialQueue m_background{"com.orrinvale.background"};
+    LinuxApplicationSupport m_support;
+    LinuxAppearance m_appearance;
+    LinuxCPUCounters m_cpuCounters;
+    LinuxFolderWatcher m_folderWatcher;
+    LinuxLoginItem m_loginItem;
+    LinuxMediaDevices m_mediaDevices;
+    LinuxNetworkCounters m_networkCounters;
+    LinuxPowerAssertions m_powerAssertions;
+    LinuxPowerSources m_powerSources;
+    LinuxProcessStatus m_processStatus;
+    LinuxRunningApplications m_runningApplications;
+    LinuxSessionEvents m_sessionEvents;
+    LinuxUserDefaults m_userDefaults;
+    LinuxUserNotifications m_userNotifications;
+};
+
+} // namespace orrinvale
