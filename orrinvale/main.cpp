@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "orrinvale/AppDelegate.h"
+#include "orrinvale/AppSettings.h"
+#include "orrinvale/LocalCalendar.h"
+#include "orrinvale/TrayItem.h"
+#include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/SingleInstance.h"
+#include "platform/linux/TerminationSignals.h"
+
+#include <QApplication>
+#include <QPalette>
+
+#include <cstdio>
+#include <unistd.h>
+
+using namespace orrinvale;
+
+namespace
+{
+
+bool isPaletteDark()
+{
+    return QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
+}
+
+std::filesystem::path instanceFolder()
+{
+    LinuxApplicationSupport support;
+    return support.runtimeDirectory().value_or(support.temporaryDirectory());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    TerminationSignals termination;
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("orrinvale"));
+    QApplication::setDesktopFileName(QStringLiteral("orrinvale"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    termination.listen([] { QCoreApplication::quit(); });
+
+    SingleInstance instance(instanceFolder());
+    if (instance.claim() == SingleInstance::Role::Second)
+        return 0;
+    instance.listen([] {}); // nothing to bring forward yet
+
+    LinuxPlatform desktop({isPaletteDark, [](AppearanceChoice) {}});
+    const auto platform = desktop.platform();
+    desktop.prime();
+    AppSettings::provide(platform, LocalCalendar::user());
+    TrayItem interface(platform.mainQueue);
+    AppDelegate delegate(platform, AppSettings::shared(), LocalCalendar::user(), interface);
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &application,
+                     [&] { delegate.applicationWillTerminate(); });
+    delegate.applicationDidFinishLaunching();
+    const auto status = QApplication::exec();
+    delegate.applicationWillTerminate();
+
+    // Nothing waits for background work at the end, and what it uses must not be taken away from under it: the process
+    // goes as a whole. Files are replaced atomically, and the services free what is bound to our connection.
+    std::fflush(nullptr);
+    ::_exit(status);
+}
