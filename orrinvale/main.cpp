@@ -57,6 +57,7 @@ int main(int argc, char** argv)
     delegate.applicationDidFinishLaunching();
     const auto status = QApplication::exec();
     delegate.applicationWillTerminate();
+    instance.stop();
 
     // Nothing waits for background work at the end, and what it uses must not be taken away from under it: the process
     // goes as a whole. Files are replaced atomically, and the services free what is bound to our connection.

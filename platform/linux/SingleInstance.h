@@ -29,6 +29,8 @@ public:
     Role claim();
     // `comeForward` is called each time another one starts.
     void listen(std::function<void()> comeForward);
+    // Takes the socket away; the lock goes with the process.
+    void stop() { m_server.close(); }
 
 private:
     QString m_socketPath;
