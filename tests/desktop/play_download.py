@@ -1,0 +1,46 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The orrinvale developers
+# SPDX-License-Identifier: MIT
+"""Inside a bed: starts the application, lets one download come and end, and prints what holds the machine awake."""
+import json
+import os
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+program, screenshot = sys.argv[1:]
+downloads = Path(os.environ["HOME"]) / "Downloads"
+downloads.mkdir()
+log = Path(os.environ["XDG_DATA_HOME"]) / "orrinvale/activity_log.json"
+told = 0
+
+
+def look(when):
+    """The inhibitors, and the log's entries that are new."""
+    global told
+    print(f"\n--- {when}\n" + subprocess.run(["systemd-inhibit", "--list", "--no-pager"], capture_output=True,
+                                             text=True).stdout.strip())
+    entries = json.loads(log.read_text())[::-1] if log.exists() else []
+    for entry in entries[told:]:
+        print(f"log: {entry['date']} {entry['category']}: {entry['message']}")
+    told = len(entries)
+
+
+application = subprocess.Popen([program])
+time.sleep(2)
+look("before the download")
+partial = downloads / "Movie.mkv.part"
+for _ in range(6):
+    with open(partial, "a") as file:
+        file.write("x" * 1000)
+    time.sleep(0.5)
+look("during the download")
+subprocess.run(["import", "-window", "root", screenshot], check=True)
+partial.rename(downloads / "Movie.mkv")
+print("\nThe download is complete; the cooldown takes 30 seconds …", flush=True)
+time.sleep(32)
+look("after the cooldown")
+application.terminate()
+application.wait()
+print(f"\nThe screenshot is {screenshot}")
