@@ -19,6 +19,10 @@ public:
     virtual void apply(AppearanceChoice choice) = 0;
     // Whether the appearance in effect is the dark one; from memory.
     virtual bool isDark() const = 0;
+    // Whether the desktop asks for interfaces that do not move; from memory.
+    virtual bool reducesMotion() const = 0;
+    // Whether windows may have translucent parts: something composes them.
+    virtual bool isComposited() const = 0;
     // Called in a turn of its own after the desktop switched between light and dark.
     [[nodiscard]] virtual Cancellable observeChanges(std::function<void()> onChange) = 0;
 };

@@ -14,6 +14,8 @@ class FakeAppearance final : public Appearance
 {
 public:
     bool systemIsDark = false;
+    bool motionIsReduced = false;
+    bool composited = false;
     std::vector<AppearanceChoice> applied;
 
     void apply(AppearanceChoice choice) override { applied.push_back(choice); }
@@ -21,6 +23,13 @@ public:
     {
         const auto choice = applied.empty() ? AppearanceChoice::FollowSystem : applied.back();
         return choice == AppearanceChoice::FollowSystem ? systemIsDark : choice == AppearanceChoice::Dark;
+    }
+    bool reducesMotion() const override { return motionIsReduced; }
+    bool isComposited() const override { return composited; }
+    void switchSystem(bool toDark)
+    {
+        systemIsDark = toDark;
+        m_changes.set(m_changes.get() + 1);
     }
     Cancellable observeChanges(std::function<void()> onChange) override
     {

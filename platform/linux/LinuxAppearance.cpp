@@ -14,46 +14,77 @@ namespace
 const auto service = QStringLiteral("org.freedesktop.portal.Desktop");
 const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto interface = QStringLiteral("org.freedesktop.portal.Settings");
-const auto settingsNamespace = QStringLiteral("org.freedesktop.appearance");
-const auto settingsKey = QStringLiteral("color-scheme");
 constexpr uint preferDark = 1; // 0 is no preference, 2 prefers light
 
-QDBusMessage readCall()
+struct Setting {
+    QString inNamespace;
+    QString key;
+    friend bool operator==(const Setting&, const Setting&) = default;
+};
+const Setting colorScheme{QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme")};
+// Neither desktop's portal had a common name for it yet: GNOME's is a boolean, KDE's a factor on every duration.
+const Setting gnomeAnimations{QStringLiteral("org.gnome.desktop.interface"), QStringLiteral("enable-animations")};
+const Setting kdeAnimations{QStringLiteral("org.kde.kdeglobals.KDE"), QStringLiteral("AnimationDurationFactor")};
+
+QDBusMessage readCall(const Setting& setting)
 {
     return QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"))
-           << settingsNamespace << settingsKey;
+           << setting.inNamespace << setting.key;
 }
 
 } // namespace
 
-LinuxAppearance::LinuxAppearance(const QDBusConnection& sessionBus, std::function<bool()> isPaletteDark,
-                                 std::function<void(AppearanceChoice)> onApply)
-    : m_bus(sessionBus), m_isPaletteDark(std::move(isPaletteDark)), m_onApply(std::move(onApply)),
+LinuxAppearance::LinuxAppearance(const QDBusConnection& sessionBus, Windows windows)
+    : m_bus(sessionBus), m_windows(std::move(windows)),
       m_watcher(service, m_bus, QDBusServiceWatcher::WatchForRegistration),
       m_settingChanged(m_bus, service, path, interface, QStringLiteral("SettingChanged"),
                        [this](const QDBusMessage& message) {
                            const auto arguments = message.arguments();
-                           if (arguments.value(0) == settingsNamespace && arguments.value(1) == settingsKey)
-                               take(arguments.value(2));
+                           take(arguments.value(0).toString(), arguments.value(1).toString(), arguments.value(2));
                        })
 {
     QObject::connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, [this] {
-        callLater(m_bus, readCall(), this, [this](const auto& reply) { take(reply.arguments().value(0)); });
+        callLater(m_bus, readCall(colorScheme), this,
+                  [this](const auto& reply) { takeColorScheme(reply.arguments().value(0)); });
+        askForMotion();
     });
+    askForMotion();
+}
+
+void LinuxAppearance::askForMotion()
+{
+    for (const auto& setting : {gnomeAnimations, kdeAnimations})
+        callLater(m_bus, readCall(setting), this, [this, setting](const auto& reply) {
+            take(setting.inNamespace, setting.key, reply.arguments().value(0));
+        });
+}
+
+void LinuxAppearance::take(const QString& settingsNamespace, const QString& key, const QVariant& value)
+{
+    const Setting setting{settingsNamespace, key};
+    if (setting == colorScheme)
+        takeColorScheme(value);
+    const auto plain = unwrapped(value);
+    if (setting == gnomeAnimations && plain.typeId() == QMetaType::Bool)
+        m_reducesMotion = !plain.toBool();
+    bool isNumber = false;
+    const auto factor = plain.toDouble(&isNumber);
+    if (setting == kdeAnimations && isNumber)
+        m_reducesMotion = factor == 0;
 }
 
 void LinuxAppearance::prime(std::chrono::milliseconds bound)
 {
-    auto call = m_bus.asyncCall(readCall(), static_cast<int>(bound.count()));
+    auto call = m_bus.asyncCall(readCall(colorScheme), static_cast<int>(bound.count()));
     call.waitForFinished();
     if (!call.isError())
-        take(call.reply().arguments().value(0));
+        takeColorScheme(call.reply().arguments().value(0));
 }
 
-void LinuxAppearance::take(const QVariant& colorScheme)
+void LinuxAppearance::takeColorScheme(const QVariant& value)
 {
     bool isNumber = false;
-    const auto scheme = unwrapped(colorScheme).toUInt(&isNumber);
+    const auto scheme = unwrapped(value).toUInt(&isNumber);
     if (!isNumber)
         return;
     const auto before = std::exchange(m_systemIsDark, scheme == preferDark);
@@ -64,14 +95,14 @@ void LinuxAppearance::take(const QVariant& colorScheme)
 void LinuxAppearance::apply(AppearanceChoice choice)
 {
     m_choice = choice;
-    m_onApply(choice);
+    m_windows.apply(choice);
 }
 
 bool LinuxAppearance::isDark() const
 {
     if (m_choice != AppearanceChoice::FollowSystem)
         return m_choice == AppearanceChoice::Dark;
-    return m_systemIsDark ? *m_systemIsDark : m_isPaletteDark();
+    return m_systemIsDark ? *m_systemIsDark : m_windows.isPaletteDark();
 }
 
 Cancellable LinuxAppearance::observeChanges(std::function<void()> onChange)

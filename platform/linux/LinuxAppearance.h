@@ -12,31 +12,40 @@
 namespace orrinvale
 {
 
-// The desktop's choice of light or dark, from the settings portal; where there is none, from `isPaletteDark`.
+// The desktop's choice of light or dark and of motion, from the settings portal; where there is none, light or dark
+// from the palette, and motion.
 class LinuxAppearance final : public QObject, public Appearance
 {
     Q_OBJECT
 
 public:
-    // `onApply` gives the application's windows the appearance that was chosen.
-    LinuxAppearance(const QDBusConnection& sessionBus, std::function<bool()> isPaletteDark,
-                    std::function<void(AppearanceChoice)> onApply);
+    // What only the window system knows and does.
+    struct Windows {
+        std::function<bool()> isPaletteDark;
+        std::function<bool()> isComposited;
+        std::function<void(AppearanceChoice)> apply; // gives our windows the appearance that was chosen
+    };
+    LinuxAppearance(const QDBusConnection& sessionBus, Windows windows);
 
     // Waits for the portal's first answer, at most for `bound`.
     void prime(std::chrono::milliseconds bound);
 
     void apply(AppearanceChoice choice) override;
     bool isDark() const override;
+    bool reducesMotion() const override { return m_reducesMotion; }
+    bool isComposited() const override { return m_windows.isComposited(); }
     [[nodiscard]] Cancellable observeChanges(std::function<void()> onChange) override;
 
 private:
-    void take(const QVariant& colorScheme);
+    void askForMotion();
+    void take(const QString& settingsNamespace, const QString& key, const QVariant& value);
+    void takeColorScheme(const QVariant& value);
 
     QDBusConnection m_bus;
-    std::function<bool()> m_isPaletteDark;
-    std::function<void(AppearanceChoice)> m_onApply;
+    Windows m_windows;
     AppearanceChoice m_choice = AppearanceChoice::FollowSystem;
     std::optional<bool> m_systemIsDark; // nullopt: the portal tells nothing
+    bool m_reducesMotion = false;
     Published<int> m_changes;
     QDBusServiceWatcher m_watcher;
     DBusSignal m_settingChanged;

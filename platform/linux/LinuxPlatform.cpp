@@ -13,7 +13,8 @@ constexpr auto primingBound = 100ms;
 
 LinuxPlatform::LinuxPlatform(Desktop desktop)
     : m_sessionBus(QDBusConnection::sessionBus()), m_systemBus(QDBusConnection::systemBus()),
-      m_appearance(m_sessionBus, std::move(desktop.isPaletteDark), std::move(desktop.applyAppearance)),
+      m_appearance(m_sessionBus, {std::move(desktop.isPaletteDark), std::move(desktop.isComposited),
+                                  std::move(desktop.applyAppearance)}),
       m_loginItem(m_support.configDirectory() / "autostart", QCoreApplication::applicationFilePath().toStdString()),
       m_mediaDevices(m_queue, m_background), m_powerAssertions(m_sessionBus, m_systemBus, m_queue),
       m_powerSources(m_systemBus, m_queue, m_background), m_processStatus(m_queue, m_background),

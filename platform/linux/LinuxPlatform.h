@@ -30,6 +30,7 @@ class LinuxPlatform
 public:
     struct Desktop {
         std::function<bool()> isPaletteDark;
+        std::function<bool()> isComposited;
         std::function<void(AppearanceChoice)> applyAppearance;
     };
     explicit LinuxPlatform(Desktop desktop);
