@@ -3,7 +3,8 @@
 #include "orrinvale/AppDelegate.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/LocalCalendar.h"
-#include "orrinvale/TrayItem.h"
+#include "orrinvale/WidgetInterface.h"
+#include "platform/linux/Compositing.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/TerminationSignals.h"
@@ -44,13 +45,13 @@ int main(int argc, char** argv)
     SingleInstance instance(instanceFolder());
     if (instance.claim() == SingleInstance::Role::Second)
         return 0;
-    instance.listen([] {}); // nothing to bring forward yet
 
-    LinuxPlatform desktop({isPaletteDark, [](AppearanceChoice) {}});
+    LinuxPlatform desktop({isPaletteDark, isCompositing, [](AppearanceChoice) {}});
     const auto platform = desktop.platform();
     desktop.prime();
     AppSettings::provide(platform, LocalCalendar::user());
-    TrayItem interface(platform.mainQueue);
+    WidgetInterface interface(AppSettings::shared(), platform);
+    instance.listen([&] { interface.comeForward(); });
     AppDelegate delegate(platform, AppSettings::shared(), LocalCalendar::user(), interface);
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &application,
                      [&] { delegate.applicationWillTerminate(); });

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "orrinvale/ModeToggleButton.h"
+
+#include "orrinvale/Shapes.h"
+#include "orrinvale/Typography.h"
+
+#include <QPainter>
+
+namespace orrinvale
+{
+
+namespace
+{
+
+constexpr auto cornerRadius = 8.0;
+constexpr auto hoverAlpha = 0.10;
+constexpr auto pressAlpha = 0.18;
+constexpr auto leastWidth = 30;
+
+} // namespace
+
+ModeToggleButton::ModeToggleButton(const QString& title, QWidget* parent) : PaintedButton(parent)
+{
+    setText(title);
+    setAccessibleName(title);
+    setCheckable(true);
+    setMinimumWidth(leastWidth);
+    QObject::connect(this, &QAbstractButton::clicked, this, [this] {
+        if (onTap)
+            onTap();
+    });
+}
+
+void ModeToggleButton::setColours(const Colours& colours)
+{
+    m_colours = colours;
+    update();
+}
+
+void ModeToggleButton::setSelected(bool isSelected)
+{
+    setChecked(isSelected);
+    setFocusPolicy(isSelected ? Qt::StrongFocus : Qt::ClickFocus);
+    update();
+}
+
+void ModeToggleButton::setFontPixels(double pixels)
+{
+    m_fontPixels = pixels;
+    update();
+}
+
+QFont ModeToggleButton::labelFont() const
+{
+    return scaledFont(m_fontPixels, isSelected() ? QFont::DemiBold : QFont::Medium, 0, 1);
+}
+
+QColor ModeToggleButton::background() const
+{
+    if (isSelected())
+        return m_colours.selectedColor;
+    if (isDown())
+        return withAlpha(m_colours.highlight, pressAlpha);
+    return isHovered() ? withAlpha(m_colours.highlight, hoverAlpha) : QColor(Qt::transparent);
+}
+
+QColor ModeToggleButton::textColour() const
+{
+    return isSelected() ? QColor(Qt::white) : m_colours.textColor;
+}
+
+void ModeToggleButton::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(background());
+    painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+    painter.setFont(labelFont());
+    painter.setPen(textColour());
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, text());
+}
+
+} // namespace orrinvale

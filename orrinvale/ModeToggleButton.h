@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "orrinvale/Look.h"
+#include "orrinvale/PaintedButton.h"
+
+#include <functional>
+
+namespace orrinvale
+{
+
+class TextLabel;
+
+// One segment of the mode toggle; to assistive technology a radio button.
+class ModeToggleButton final : public PaintedButton
+{
+    Q_OBJECT
+
+public:
+    struct Colours {
+        QColor selectedColor = rgb(0.29, 0.55, 0.22);
+        QColor textColor = rgb(0.45, 0.43, 0.40);
+        QColor highlight;
+        QColor focusRing;
+        QColor focusGap;
+    };
+
+    ModeToggleButton(const QString& title, QWidget* parent);
+
+    void setColours(const Colours& colours);
+    void setSelected(bool isSelected);
+    bool isSelected() const { return isChecked(); }
+    // Of the label, in logical pixels.
+    void setFontPixels(double pixels);
+    QColor background() const;
+    QColor textColour() const;
+    QFont labelFont() const;
+
+    std::function<void()> onTap;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    // A click of the user must not change the state by itself: the control does.
+    void nextCheckState() override {}
+
+private:
+    Colours m_colours;
+    double m_fontPixels = 12;
+};
+
+} // namespace orrinvale

@@ -1,0 +1,172 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "orrinvale/Popover.h"
+
+#include "orrinvale/Look.h"
+#include "orrinvale/OverlayScrollArea.h"
+#include "orrinvale/PopoverLayout.h"
+#include "orrinvale/Shapes.h"
+
+#include <QBitmap>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScreen>
+
+#include <algorithm>
+#include <utility>
+
+namespace orrinvale
+{
+
+namespace
+{
+
+constexpr auto cornerRadius = 12.0;
+constexpr auto shadowWidth = 16;
+constexpr auto shadowDrop = 4;      // how much lower than the popover its shadow lies
+constexpr auto shadowAlpha = 0.028; // of each of its layers
+constexpr auto screenMargin = 8;
+
+// Qt gives a popup of X11 every click; on Wayland a popup that belongs to no window is an ordinary one.
+bool hasPopupGrab()
+{
+    return !QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
+}
+
+QScreen* screenOf(const PopoverAnchor& anchor)
+{
+    const auto point = anchor.icon ? anchor.icon->center() : anchor.pointer.value_or(QPoint());
+    auto* screen = anchor.icon || anchor.pointer ? QGuiApplication::screenAt(point) : nullptr;
+    return screen ? screen : QGuiApplication::primaryScreen();
+}
+
+} // namespace
+
+Popover::Popover(QWidget* content, const Colours& colours, Composition composition)
+    : QWidget(nullptr, Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint), m_content(content),
+      m_scrollArea(new OverlayScrollArea(this)), m_colours(colours),
+      m_isComposited(composition == Composition::composited), m_shadow(m_isComposited ? shadowWidth : 0)
+{
+    setWindowTitle(QStringLiteral("orrinvale"));
+    setAttribute(Qt::WA_TranslucentBackground, m_isComposited);
+    m_scrollArea->setStyleSheet(QStringLiteral("background: transparent"));
+    m_scrollArea->setWidget(content);
+    content->installEventFilter(this);
+    setColours(colours);
+}
+
+void Popover::setColours(const Colours& colours)
+{
+    m_colours = colours;
+    const auto isDark = colours.background.lightness() < 128;
+    m_scrollArea->setThumbColour(withAlpha(isDark ? Qt::white : Qt::black, isDark ? 0.28 : 0.26));
+    update();
+}
+
+QRect Popover::body() const
+{
+    return rect().adjusted(m_shadow, m_shadow, -m_shadow, -m_shadow);
+}
+
+void Popover::fitHeight(const QRect& available)
+{
+    const auto height = std::min({m_content->height(), PopoverLayout::height, available.height() - 2 * screenMargin});
+    setFixedSize(PopoverLayout::width + 2 * m_shadow, height + 2 * m_shadow);
+}
+
+void Popover::showAt(const PopoverAnchor& anchor)
+{
+    const auto* screen = screenOf(anchor);
+    fitHeight(screen->availableGeometry());
+    const auto position = popoverPosition(anchor, body().size(), screen->geometry(), screen->availableGeometry());
+    move(position - body().topLeft());
+    show();
+    raise();
+    activateWindow();
+}
+
+void Popover::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    m_scrollArea->setGeometry(body());
+    applyMask();
+}
+
+// Without a compositor nothing is translucent, and what lies outside the corners must not belong to the window.
+void Popover::applyMask()
+{
+    if (m_isComposited)
+        return;
+    QBitmap mask(size());
+    mask.fill(Qt::color0);
+    QPainter painter(&mask);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::color1);
+    painter.drawRoundedRect(body(), cornerRadius, cornerRadius);
+    painter.end();
+    setMask(mask);
+}
+
+void Popover::paintShadow(QPainter& painter)
+{
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(withAlpha(Qt::black, shadowAlpha));
+    for (int spread = 1; spread < shadowWidth - shadowDrop; ++spread) {
+        const auto layer = QRectF(body()).adjusted(-spread, -spread + shadowDrop, spread, spread + shadowDrop);
+        painter.drawRoundedRect(layer, cornerRadius + spread, cornerRadius + spread);
+    }
+}
+
+void Popover::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (m_isComposited)
+        paintShadow(painter);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(m_colours.background);
+    painter.drawRoundedRect(body(), cornerRadius, cornerRadius);
+    strokeInside(painter, body(), cornerRadius, 1, m_colours.border);
+    painter.end();
+    Q_EMIT framePainted();
+}
+
+void Popover::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() != Qt::Key_Escape)
+        return QWidget::keyPressEvent(event);
+    m_closing = Closing::escape;
+    close();
+}
+
+void Popover::closeByOwner()
+{
+    m_closing = Closing::owner;
+    close();
+}
+
+void Popover::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    if (onClose && !event->spontaneous())
+        std::exchange(onClose, nullptr)(m_closing);
+}
+
+// Where a popup is an ordinary window, losing the focus is the click elsewhere.
+bool Popover::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowDeactivate && isVisible() && !hasPopupGrab())
+        close();
+    return QWidget::event(event);
+}
+
+// Longer content makes a higher popover, up to its most.
+bool Popover::eventFilter(QObject* object, QEvent* event)
+{
+    if (object == m_content && event->type() == QEvent::Resize && isVisible())
+        fitHeight(screen()->availableGeometry());
+    return QWidget::eventFilter(object, event);
+}
+
+} // namespace orrinvale

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "orrinvale/PopoverPlacement.h"
+
+#include <QWidget>
+
+#include <functional>
+
+namespace orrinvale
+{
+
+class OverlayScrollArea;
+
+// The rounded window that carries the popover's content, above all other windows. It closes on Escape and on a click
+// elsewhere. Its owner deletes it after it has closed. Main thread.
+class Popover final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    struct Colours {
+        QColor background;
+        QColor border;
+    };
+    // Whether there is a shadow and smooth corners, which something must compose.
+    enum class Composition { none, composited };
+
+    // Takes the content, whose width is the popover's; what is higher than the popover or the screen scrolls.
+    Popover(QWidget* content, const Colours& colours, Composition composition);
+
+    void setColours(const Colours& colours);
+    void closeByOwner();
+    void showAt(const PopoverAnchor& anchor);
+    // The visible part, without the shadow around it; in this window's coordinates.
+    QRect body() const;
+
+    enum class Closing { elsewhere, escape, owner };
+    // Called once, after the popover was closed.
+    std::function<void(Closing)> onClose;
+
+Q_SIGNALS:
+    void framePainted(); // after each painting
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    void fitHeight(const QRect& available);
+    void applyMask();
+    void paintShadow(QPainter& painter);
+
+    QWidget* m_content;
+    OverlayScrollArea* m_scrollArea;
+    Colours m_colours;
+    bool m_isComposited;
+    int m_shadow; // its width on each side
+    Closing m_closing = Closing::elsewhere;
+};
+
+} // namespace orrinvale

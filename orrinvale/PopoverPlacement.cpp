@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "orrinvale/PopoverPlacement.h"
+
+#include <algorithm>
+
+namespace orrinvale
+{
+
+namespace
+{
+
+constexpr auto gap = 4;
+constexpr auto cornerGap = 8;
+
+int clamped(int wanted, int least, int most)
+{
+    return std::max(least, std::min(wanted, most));
+}
+
+QPoint clampedInto(const QPoint& wanted, const QSize& size, const QRect& available)
+{
+    return {clamped(wanted.x(), available.left(), available.right() + 1 - size.width()),
+            clamped(wanted.y(), available.top(), available.bottom() + 1 - size.height())};
+}
+
+QPoint besideIcon(const QRect& icon, const QSize& size, const QRect& screen)
+{
+    const auto isBelowMiddle = icon.center().y() > screen.center().y();
+    const auto y = isBelowMiddle ? icon.top() - gap - size.height() : icon.bottom() + 1 + gap;
+    return {icon.center().x() - size.width() / 2, y};
+}
+
+QPoint panelCorner(const QSize& size, const QRect& screen, const QRect& available)
+{
+    const auto isPanelBelow = screen.bottom() - available.bottom() > available.top() - screen.top();
+    const auto isPanelLeft = available.left() - screen.left() > screen.right() - available.right();
+    const auto x = isPanelLeft ? available.left() + cornerGap : available.right() + 1 - cornerGap - size.width();
+    const auto y = isPanelBelow ? available.bottom() + 1 - cornerGap - size.height() : available.top() + cornerGap;
+    return {x, y};
+}
+
+} // namespace
+
+QPoint popoverPosition(const PopoverAnchor& anchor, const QSize& size, const QRect& screen, const QRect& available)
+{
+    if (anchor.icon)
+        return clampedInto(besideIcon(*anchor.icon, size, screen), size, available);
+    if (anchor.pointer)
+        return clampedInto(besideIcon(QRect(*anchor.pointer, QSize(1, 1)), size, screen), size, available);
+    return clampedInto(panelCorner(size, screen, available), size, available);
+}
+
+bool isPlausibleIcon(const QRect& icon, const QRect& desktop)
+{
+    constexpr auto undocked = QRect(0, 0, 22, 22); // what Qt tells of an icon that no tray has taken
+    return !icon.isEmpty() && desktop.contains(icon.center()) && icon != undocked;
+}
+
+} // namespace orrinvale

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QRect>
+
+#include <optional>
+
+namespace orrinvale
+{
+
+// What is known of where the status item is, in the coordinates of the whole desktop.
+struct PopoverAnchor {
+    std::optional<QRect> icon;     // as the tray tells, when it does and is to be believed
+    std::optional<QPoint> pointer; // at the click, where the desktop lets us know
+};
+
+// The upper left corner of a popover of `size`: on the icon's side that points into the screen, else at the pointer,
+// else in the corner next to the panel; always wholly on the screen's available part where it fits.
+QPoint popoverPosition(const PopoverAnchor& anchor, const QSize& size, const QRect& screen, const QRect& available);
+
+// A tray that has not placed its icon tells nonsense: an empty one, or one in the corner of an undocked window.
+bool isPlausibleIcon(const QRect& icon, const QRect& desktop);
+
+} // namespace orrinvale

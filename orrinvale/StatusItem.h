@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/Cancellable.h"
+#include "orrinvale/PopoverPlacement.h"
+
+#include <QIcon>
+#include <QObject>
+
+#include <functional>
+#include <memory>
+
+class QDBusServiceWatcher;
+class QSystemTrayIcon;
+
+namespace orrinvale
+{
+
+class MainQueue;
+
+// Our place in the desktop's tray, by either of the two protocols. It is taken as soon as there is a tray, and taken
+// again when the tray comes back. Left and right click are one and the same. Main thread.
+class StatusItem final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit StatusItem(MainQueue& queue);
+    ~StatusItem() override;
+
+    void setIcon(const QIcon& icon);
+    // Plain text.
+    void setToolTip(const QString& text);
+    PopoverAnchor anchor() const;
+    QIcon icon() const { return m_icon; }
+    QString toolTip() const { return m_toolTip; }
+
+    std::function<void()> onClick;
+
+private:
+    enum class Protocol { statusNotifier, embedded };
+
+    void waitForTray();
+    void makeItem(Protocol protocol);
+    void show();
+
+    MainQueue& m_queue;
+    QIcon m_icon;
+    QString m_toolTip;
+    Protocol m_protocol = Protocol::embedded;
+    std::unique_ptr<QDBusServiceWatcher> m_trayWatcher;
+    std::unique_ptr<QSystemTrayIcon> m_item;
+    Cancellable m_patience;
+};
+
+} // namespace orrinvale
