@@ -11,13 +11,13 @@ namespace orrinvale
 struct VirtualTime::Serial {
     TimerQueue due;
     std::chrono::nanoseconds now{0};
-    bool countOnly = false;
+    bool countDelayed = false;
     std::size_t counted = 0;
     std::map<const void*, std::function<void()>> newest;
 
-    void run(const void* queue, const std::function<void()>& work)
+    void run(const void* queue, std::chrono::nanoseconds delay, const std::function<void()>& work)
     {
-        if (!countOnly) {
+        if (!countDelayed || delay == std::chrono::nanoseconds::zero()) {
             work();
             return;
         }
@@ -38,11 +38,11 @@ public:
 
     Cancellable after(std::chrono::nanoseconds delay, std::function<void()> work) override
     {
-        return m_serial->due.once(m_serial->now + delay, [weak = std::weak_ptr(m_serial), this,
+        return m_serial->due.once(m_serial->now + delay, [weak = std::weak_ptr(m_serial), this, delay,
                                                           alive = std::weak_ptr(m_alive), work = std::move(work)] {
             const auto serial = weak.lock();
             if (serial && !alive.expired())
-                serial->run(this, work);
+                serial->run(this, delay, work);
         });
     }
 
@@ -97,9 +97,9 @@ void VirtualTime::setWallClock(Instant instant)
     m_wall = instant;
 }
 
-void VirtualTime::countSerialWorkOnly()
+void VirtualTime::countDelayedSerialWork()
 {
-    m_serial->countOnly = true;
+    m_serial->countDelayed = true;
 }
 
 std::size_t VirtualTime::serialWorkCounted() const

@@ -32,8 +32,9 @@ public:
     void sleepMachineFor(std::chrono::nanoseconds duration);
     void setWallClock(Instant instant);
 
-    // From now on serial work that falls due is counted instead of run, and each queue keeps its newest piece.
-    void countSerialWorkOnly();
+    // From now on delayed serial work that falls due, a save, is counted instead of run, and each queue keeps its
+    // newest piece. Work that was posted runs as ever.
+    void countDelayedSerialWork();
     std::size_t serialWorkCounted() const;
     // Runs the newest counted piece of every queue.
     void runNewestCountedWork();

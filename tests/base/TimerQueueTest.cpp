@@ -111,19 +111,20 @@ TEST(VirtualTime, SleepingMachineMovesTheWallClockAlone)
     EXPECT_EQ(fired, 1);
 }
 
-TEST(VirtualTime, CountedSerialWorkRunsOnlyAtTheEnd)
+TEST(VirtualTime, CountedDelayedWorkRunsOnlyAtTheEndAndPostedWorkAtOnce)
 {
     VirtualTime time;
-    time.countSerialWorkOnly();
+    time.countDelayedSerialWork();
     const auto queue = time.make("test");
     std::string ran;
-    queue->post([&] { ran += '1'; });
-    queue->post([&] { ran += '2'; });
-    time.runPending();
+    queue->after(300ms, [&] { ran += '1'; }).detach();
+    queue->after(400ms, [&] { ran += '2'; }).detach();
+    queue->post([&] { ran += 'p'; });
+    time.advance(1s);
     EXPECT_EQ(time.serialWorkCounted(), 2u);
-    EXPECT_EQ(ran, "");
+    EXPECT_EQ(ran, "p");
     time.runNewestCountedWork();
-    EXPECT_EQ(ran, "2");
+    EXPECT_EQ(ran, "p2");
 }
 
 } // namespace

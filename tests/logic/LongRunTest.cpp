@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <random>
+#include <set>
 
 namespace orrinvale
 {
@@ -21,7 +22,7 @@ class RandomMachine : public LogicFixture
 public:
     explicit RandomMachine(unsigned seed) : m_random(seed)
     {
-        time.countSerialWorkOnly();
+        time.countDelayedSerialWork();
         fake.applicationSupport.support = m_support.path;
         fake.folders.folders[folder];
         fake.cpu.addCoreLoad(0, 0);
@@ -51,6 +52,8 @@ public:
         EXPECT_EQ(time.timerCount(), 0u);
         EXPECT_TRUE(fake.power.held.empty());
     }
+
+    std::size_t sourcesSeen() const { return m_sourcesSeen.size(); }
 
     void TestBody() override {}
 
@@ -125,6 +128,8 @@ private:
         }
         m_statesSeen.clear();
         EXPECT_EQ(std::min(m_transitions, WakeEngine::longestLog), m_engine->activityLog.get().size());
+        for (const auto& signal : m_engine->activeSignals.get())
+            m_sourcesSeen.insert(signal.source);
     }
 
     std::minstd_rand m_random;
@@ -134,6 +139,7 @@ private:
     std::vector<WakeState> m_statesSeen;
     WakeState m_lastState;
     std::size_t m_transitions = 0;
+    std::set<SignalSource> m_sourcesSeen;
 };
 
 unsigned seeds(unsigned all)
@@ -156,6 +162,7 @@ TEST(LongRun, TenSimulatedDaysKeepEveryPromise)
 {
     RandomMachine machine(4711);
     machine.run(240h);
+    EXPECT_EQ(machine.sourcesSeen(), 4u); // downloads, network, processes, load: none slept through it
     machine.finish();
 }
 
