@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "orrinvale/UserLocale.h"
+
+#include <array>
+#include <cstdlib>
+#include <initializer_list>
+
+namespace orrinvale
+{
+
+namespace
+{
+
+// The modifiers of the C library's locales that name a script.
+struct Script {
+    std::string_view modifier;
+    std::string_view code;
+};
+constexpr std::array scripts{Script{"latin", "Latn"}, Script{"cyrillic", "Cyrl"}, Script{"devanagari", "Deva"}};
+
+std::string_view scriptOf(std::string_view modifier)
+{
+    for (const auto& script : scripts) {
+        if (script.modifier == modifier)
+            return script.code;
+    }
+    return {};
+}
+
+std::string localeIn(const EnvironmentLookup& environment, std::initializer_list<const char*> variables)
+{
+    for (const auto* variable : variables) {
+        const auto* value = environment(variable);
+        if (value && *value) // an empty one counts as not set
+            return icuLocale(value);
+    }
+    return icuLocale("C");
+}
+
+} // namespace
+
+std::string icuLocale(std::string_view posixLocale)
+{
+    const auto at = posixLocale.find('@');
+    const auto script = at == posixLocale.npos ? std::string_view() : scriptOf(posixLocale.substr(at + 1));
+    const std::string name(posixLocale.substr(0, posixLocale.find_first_of(".@")));
+    if (name.empty() || name == "C" || name == "POSIX")
+        return "en_US"; // not en_US_POSIX, whose collation tells A from a before all else
+    if (script.empty())
+        return name;
+    const auto language = name.substr(0, name.find('_'));
+    return language + "_" + std::string(script) + name.substr(language.size());
+}
+
+std::string dateLocaleIn(const EnvironmentLookup& environment)
+{
+    return localeIn(environment, {"LC_ALL", "LC_TIME", "LANG"});
+}
+
+std::string collationLocaleIn(const EnvironmentLookup& environment)
+{
+    return localeIn(environment, {"LC_ALL", "LC_COLLATE", "LANG"});
+}
+
+std::string userDateLocale()
+{
+    return dateLocaleIn(&std::getenv);
+}
+
+std::string userCollationLocale()
+{
+    return collationLocaleIn(&std::getenv);
+}
+
+} // namespace orrinvale
