@@ -86,7 +86,8 @@ std::vector<DayUsageRecord::AppTime> DayUsageRecord::topApps(int limit) const
 
 std::string formatDuration(double seconds)
 {
-    const auto minutes = static_cast<std::int64_t>(seconds / 60);
+    constexpr double most = 1e15; // a stored number may be larger than any count of minutes
+    const auto minutes = static_cast<std::int64_t>(std::clamp(seconds / 60, -most, most));
     const auto hours = minutes / 60;
     const auto rest = minutes % 60;
     if (minutes < 60)

@@ -238,6 +238,7 @@ TEST(FormatDuration, Texts)
     EXPECT_EQ(formatDuration(3660), "1h 1m");
     EXPECT_EQ(formatDuration(7500), "2h 5m");
     EXPECT_EQ(formatDuration(27 * 3600 + 180), "27h 3m");
+    EXPECT_EQ(formatDuration(1e308), formatDuration(60e15)); // stored by someone else
 }
 
 } // namespace
