@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "orrinvale/WindowController.h"
+
+#include "orrinvale/AppSettings.h"
+#include "platform/Appearance.h"
+#include "platform/Platform.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QWidget>
+
+namespace orrinvale
+{
+
+class WindowController::Window final : public QWidget
+{
+public:
+    Window(WindowController& owner, Closing closing) : m_owner(owner), m_closing(closing) {}
+
+    QWidget* content = nullptr;
+
+protected:
+    void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(rect(), m_owner.colours().window); }
+
+    void resizeEvent(QResizeEvent*) override
+    {
+        if (content)
+            content->setGeometry(rect());
+    }
+
+    // Closing by the window manager arrives as an event from outside, whoever else may hide the window.
+    void closeEvent(QCloseEvent* event) override
+    {
+        if (m_closing == Closing::ByProgramAlone && event->spontaneous())
+            event->ignore();
+    }
+
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        if (event->key() == Qt::Key_Escape && m_closing == Closing::ByUser)
+            close();
+    }
+
+    void changeEvent(QEvent* event) override
+    {
+        QWidget::changeEvent(event);
+        if (event->type() == QEvent::ApplicationFontChange && content)
+            m_owner.restyle();
+    }
+
+private:
+    WindowController& m_owner;
+    Closing m_closing;
+};
+
+WindowController::WindowController(AppSettings& settings, const Platform& platform, const Shape& shape)
+    : m_settings(settings), m_platform(platform), m_window(std::make_unique<Window>(*this, shape.closing))
+{
+    m_window->setWindowTitle(shape.title);
+    m_window->setMinimumSize(shape.minimumSize);
+    if (shape.size == shape.minimumSize)
+        m_window->setFixedSize(shape.size);
+    else
+        m_window->resize(shape.size);
+    if (shape.closing == Closing::ByProgramAlone)
+        m_window->setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+}
+
+WindowController::~WindowController() = default;
+
+QWidget& WindowController::window() const
+{
+    return *m_window;
+}
+
+Look WindowController::look() const
+{
+    return lookOf(m_settings);
+}
+
+void WindowController::setContent(QWidget* content)
+{
+    content->setParent(m_window.get());
+    m_window->content = content;
+    content->setGeometry(m_window->rect());
+    applyTheme();
+    m_appearanceSubscriptions += m_platform.appearance.observeChanges([this] { restyle(); });
+    m_appearanceSubscriptions += m_settings.appTheme.observeOn(
+        m_platform.mainQueue, [this](AppTheme) { restyle(); }, Deliver::ChangesOnly);
+}
+
+void WindowController::restyle()
+{
+    applyTheme();
+    m_window->update();
+}
+
+void WindowController::showWindow()
+{
+    restyle();
+    if (!m_wasShown) {
+        if (const auto* screen = QGuiApplication::primaryScreen())
+            m_window->move(screen->availableGeometry().center() - m_window->rect().center());
+        m_wasShown = true;
+    }
+    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
+    m_window->show();
+    m_window->raise();
+    m_window->activateWindow();
+}
+
+} // namespace orrinvale
