@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "orrinvale/HourBarChartView.h"
+
+#include "orrinvale/DayDetail.h"
+#include "orrinvale/HourBars.h"
+#include "orrinvale/TextLabel.h"
+#include "orrinvale/WindowPalette.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+namespace orrinvale
+{
+
+HourBarChartView::HourBarChartView(const LocalCalendar& calendar, QWidget* parent)
+    : QWidget(parent), m_calendar(calendar), m_buckets(24)
+{
+}
+
+void HourBarChartView::show(const DayDetail& detail)
+{
+    m_buckets = detail.buckets;
+    setAccessibleName(QString::fromStdString(hourChartText(detail, m_calendar)));
+    update();
+}
+
+void HourBarChartView::setTheme(bool isDark, bool isSakura)
+{
+    m_isDark = isDark;
+    m_isSakura = isSakura;
+    update();
+}
+
+QColor HourBarChartView::barColour() const
+{
+    return ActivityPalette::of(m_isDark, m_isSakura).bar;
+}
+
+bool HourBarChartView::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const auto hour = HourBars(m_buckets, width(), height()).hourAt({double(help->x()), double(height() - help->y())});
+    if (hour) {
+        const auto text = hourBarText(*hour, m_buckets[static_cast<std::size_t>(*hour)], m_calendar);
+        QToolTip::showText(help->globalPos(), plainToolTip(QString::fromStdString(text)), this);
+    } else {
+        QToolTip::hideText();
+    }
+    return true;
+}
+
+void HourBarChartView::paintEvent(QPaintEvent*)
+{
+    const HourBars chart(m_buckets, width(), height());
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(barColour());
+    for (const auto& bar : chart.bars) {
+        const auto onScreen = bar.flipped(height());
+        const auto radius = chart.cornerRadius(bar);
+        painter.drawRoundedRect(QRectF(onScreen.x, onScreen.y, onScreen.width, onScreen.height), radius, radius);
+    }
+}
+
+} // namespace orrinvale

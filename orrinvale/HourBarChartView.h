@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+#include <vector>
+
+namespace orrinvale
+{
+
+class LocalCalendar;
+struct DayDetail;
+
+// One bar an hour; hovering over one tells its hour and how long something was active. Main thread.
+class HourBarChartView final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    HourBarChartView(const LocalCalendar& calendar, QWidget* parent);
+
+    void show(const DayDetail& detail);
+    void setTheme(bool isDark, bool isSakura);
+
+    const std::vector<double>& buckets() const { return m_buckets; } // seconds per hour
+    QColor barColour() const;
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    const LocalCalendar& m_calendar;
+    std::vector<double> m_buckets;
+    bool m_isDark = false;
+    bool m_isSakura = false;
+};
+
+} // namespace orrinvale
