@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "platform/linux/PortalFilePanels.h"
+
+#include <QDBusArgument>
+#include <QDBusMetaType>
+#include <QDBusPendingCallWatcher>
+#include <QFile>
+#include <QGuiApplication>
+#include <QUrl>
+
+#include <unistd.h>
+
+namespace orrinvale
+{
+
+// The portal's a(sa(us)): a name, and patterns (0) or MIME types (1).
+struct PortalFilterRule {
+    uint kind;
+    QString text;
+};
+struct PortalFilter {
+    QString name;
+    QList<PortalFilterRule> rules;
+};
+
+static QDBusArgument& operator<<(QDBusArgument& argument, const PortalFilterRule& rule)
+{
+    argument.beginStructure();
+    argument << rule.kind << rule.text;
+    argument.endStructure();
+    return argument;
+}
+static const QDBusArgument& operator>>(const QDBusArgument& argument, PortalFilterRule& rule)
+{
+    argument.beginStructure();
+    argument >> rule.kind >> rule.text;
+    argument.endStructure();
+    return argument;
+}
+static QDBusArgument& operator<<(QDBusArgument& argument, const PortalFilter& filter)
+{
+    argument.beginStructure();
+    argument << filter.name << filter.rules;
+    argument.endStructure();
+    return argument;
+}
+static const QDBusArgument& operator>>(const QDBusArgument& argument, PortalFilter& filter)
+{
+    argument.beginStructure();
+    argument >> filter.name >> filter.rules;
+    argument.endStructure();
+    return argument;
+}
+
+} // namespace orrinvale
+
+Q_DECLARE_METATYPE(orrinvale::PortalFilterRule)
+Q_DECLARE_METATYPE(orrinvale::PortalFilter)
+
+namespace orrinvale
+{
+
+namespace
+{
+
+const auto service = QStringLiteral("org.freedesktop.portal.Desktop");
+const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
+const auto fileChooser = QStringLiteral("org.freedesktop.portal.FileChooser");
+const auto requestInterface = QStringLiteral("org.freedesktop.portal.Request");
+constexpr auto patience = 3000; // milliseconds until a portal that says nothing counts as missing
+constexpr uint mimeType = 1;
+
+// As the portal names a parent; Wayland's needs an export that is not worth a protocol of its own here.
+QString parentName(FilePanels::WindowId window)
+{
+    const auto isX11 = QGuiApplication::platformName() == QLatin1String("xcb");
+    return isX11 && window ? QStringLiteral("x11:%1").arg(window, 0, 16) : QString();
+}
+
+// The path that a request of ours will have, so that its answer cannot be missed.
+QString requestPath(const QDBusConnection& bus, const QString& token)
+{
+    auto sender = bus.baseService().mid(1);
+    sender.replace(QLatin1Char('.'), QLatin1Char('_'));
+    return QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, token);
+}
+
+std::optional<std::filesystem::path> chosenPath(const QDBusMessage& response)
+{
+    constexpr uint success = 0;
+    if (response.arguments().value(0).toUInt() != success)
+        return std::nullopt;
+    const auto uris = unwrapped(mapOf(response, 1).value(QStringLiteral("uris"))).toStringList();
+    const auto file = uris.isEmpty() ? QString() : QUrl(uris.front()).toLocalFile();
+    return file.isEmpty() ? std::nullopt : std::optional<std::filesystem::path>(QFile::encodeName(file).toStdString());
+}
+
+} // namespace
+
+PortalFilePanels::PortalFilePanels(const QDBusConnection& sessionBus, FilePanels& otherwise)
+    : m_bus(sessionBus), m_otherwise(otherwise)
+{
+    qDBusRegisterMetaType<PortalFilterRule>();
+    qDBusRegisterMetaType<QList<PortalFilterRule>>();
+    qDBusRegisterMetaType<PortalFilter>();
+    qDBusRegisterMetaType<QList<PortalFilter>>();
+}
+
+void PortalFilePanels::chooseFolder(const FolderRequest& request, Answer answer)
+{
+    QVariantMap options;
+    options[QStringLiteral("directory")] = true;
+    options[QStringLiteral("accept_label")] = QString::fromStdString(request.prompt);
+    // A byte array that ends with a zero.
+    options[QStringLiteral("current_folder")] = QByteArray(request.folder.c_str(), request.folder.native().size() + 1);
+    ask(QStringLiteral("OpenFile"), QStringLiteral("Downloads Folder"), request.window, options, answer,
+        [this, request, answer] { m_otherwise.chooseFolder(request, answer); });
+}
+
+void PortalFilePanels::chooseFile(const SaveRequest& request, Answer answer)
+{
+    const PortalFilter filter{QString::fromStdString(request.contentType),
+                              {{mimeType, QString::fromStdString(request.contentType)}}};
+    QVariantMap options;
+    options[QStringLiteral("current_name")] = QString::fromStdString(request.fileName);
+    options[QStringLiteral("filters")] = QVariant::fromValue(QList<PortalFilter>{filter});
+    ask(QStringLiteral("SaveFile"), QStringLiteral("Export"), request.window, options, answer,
+        [this, request, answer] { m_otherwise.chooseFile(request, answer); });
+}
+
+void PortalFilePanels::ask(const QString& method, const QString& title, WindowId window, QVariantMap options,
+                           Answer answer, std::function<void()> otherwise)
+{
+    const auto number = ++m_lastNumber;
+    const auto token = QStringLiteral("orrinvale%1_%2").arg(::getpid()).arg(number);
+    options[QStringLiteral("handle_token")] = token;
+    options[QStringLiteral("modal")] = true;
+    m_open[number] = {std::make_unique<DBusSignal>(m_bus, service, requestPath(m_bus, token), requestInterface,
+                                                   QStringLiteral("Response"),
+                                                   [this, number](const auto& response) { finish(number, response); }),
+                      std::move(answer)};
+    const auto call = QDBusMessage::createMethodCall(service, path, fileChooser, method)
+                      << parentName(window) << title << options;
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, patience), this);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, this,
+                     [this, number, otherwise = std::move(otherwise)](QDBusPendingCallWatcher* finished) {
+                         finished->deleteLater();
+                         if (finished->isError() && m_open.erase(number))
+                             otherwise();
+                     });
+}
+
+void PortalFilePanels::finish(int number, const QDBusMessage& response)
+{
+    const auto request = m_open.find(number);
+    if (request == m_open.end())
+        return;
+    // The signal's handler is running: it may not be destroyed by what it does.
+    auto taken = std::make_shared<Request>(std::move(request->second));
+    m_open.erase(request);
+    QMetaObject::invokeMethod(
+        this, [taken, chosen = chosenPath(response)] { taken->answer(chosen); }, Qt::QueuedConnection);
+}
+
+} // namespace orrinvale

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/FilePanels.h"
+#include "platform/linux/DBus.h"
+
+#include <map>
+#include <memory>
+
+namespace orrinvale
+{
+
+// The desktop's own file panels, through org.freedesktop.portal.FileChooser. Where the desktop has none, or does not
+// answer, the ones it was given are asked. One panel at a time of each kind is usual, any number works.
+class PortalFilePanels final : public QObject, public FilePanels
+{
+    Q_OBJECT
+
+public:
+    PortalFilePanels(const QDBusConnection& sessionBus, FilePanels& otherwise);
+
+    void chooseFolder(const FolderRequest& request, Answer answer) override;
+    void chooseFile(const SaveRequest& request, Answer answer) override;
+
+private:
+    void ask(const QString& method, const QString& title, WindowId window, QVariantMap options, Answer answer,
+             std::function<void()> otherwise);
+    void finish(int number, const QDBusMessage& response);
+
+    struct Request {
+        std::unique_ptr<DBusSignal> response;
+        Answer answer;
+    };
+
+    QDBusConnection m_bus;
+    FilePanels& m_otherwise;
+    int m_lastNumber = 0;
+    std::map<int, Request> m_open;
+};
+
+} // namespace orrinvale
