@@ -49,6 +49,8 @@ void AppDelegate::applicationDidFinishLaunching()
     wakeEngine().start();
     m_cancellables +=
         wakeEngine().state.observeOn(m_platform.mainQueue, [this](const WakeState& state) { stateChanged(state); });
+    if (!m_settings.hasSeenOnboarding.get())
+        m_interface.showOnboarding();
 }
 
 void AppDelegate::stateChanged(const WakeState& state)

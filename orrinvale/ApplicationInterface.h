@@ -14,6 +14,8 @@ public:
     virtual ~ApplicationInterface() = default;
     // The item in the desktop's tray, from now until the end. `engine` outlives it.
     virtual void showStatusItem(WakeEngine& engine) = 0;
+    // The window that explains the application, until the user has seen it.
+    virtual void showOnboarding() = 0;
 };
 
 } // namespace orrinvale

@@ -2,17 +2,23 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/WidgetInterface.h"
 
+#include "orrinvale/ActivityLogWindowController.h"
+#include "orrinvale/AppSettings.h"
 #include "orrinvale/MenuBarController.h"
+#include "orrinvale/OnboardingWindowController.h"
+#include "orrinvale/SettingsWindowController.h"
 #include "orrinvale/StatusItem.h"
 #include "platform/Platform.h"
 
-#include <QCoreApplication>
+#include <QWidget>
 
 namespace orrinvale
 {
 
-WidgetInterface::WidgetInterface(AppSettings& settings, const Platform& platform)
-    : m_settings(settings), m_platform(platform)
+WidgetInterface::WidgetInterface(AppSettings& settings, const Platform& platform, const LocalCalendar& calendar,
+                                 FilePanels& filePanels, std::function<void()> quit)
+    : m_settings(settings), m_platform(platform), m_calendar(calendar), m_filePanels(filePanels),
+      m_quit(std::move(quit))
 {
 }
 
@@ -21,14 +27,40 @@ WidgetInterface::~WidgetInterface() = default;
 void WidgetInterface::showStatusItem(WakeEngine& engine)
 {
     m_statusItem = std::make_unique<StatusItem>(m_platform.mainQueue);
-    m_menuBar =
-        std::make_unique<MenuBarController>(engine, m_settings, m_platform, *m_statusItem,
-                                            MenuBarController::Destinations{{}, {}, [] { QCoreApplication::quit(); }});
+    m_menuBar = std::make_unique<MenuBarController>(
+        engine, m_settings, m_platform, *m_statusItem,
+        MenuBarController::Destinations{[this, &engine] { showActivityLog(engine); }, [this] { showSettings(); },
+                                        m_quit});
+}
+
+void WidgetInterface::showOnboarding()
+{
+    m_onboardingWindow = std::make_unique<OnboardingWindowController>(m_settings, m_platform);
+    m_onboardingWindow->showWindow();
+}
+
+void WidgetInterface::showActivityLog(WakeEngine& engine)
+{
+    if (!m_activityLogWindow)
+        m_activityLogWindow =
+            std::make_unique<ActivityLogWindowController>(engine, m_settings, m_platform, m_calendar, m_filePanels);
+    m_activityLogWindow->showWindow();
+}
+
+void WidgetInterface::showSettings()
+{
+    if (!m_settingsWindow)
+        m_settingsWindow = std::make_unique<SettingsWindowController>(
+            m_settings, m_platform,
+            SettingsView::Surroundings{m_filePanels, [](const auto&) { return new QWidget; }, {}});
+    m_settingsWindow->showWindow();
 }
 
 void WidgetInterface::comeForward()
 {
-    if (m_menuBar)
+    if (m_onboardingWindow && !m_settings.hasSeenOnboarding.get())
+        m_onboardingWindow->showWindow();
+    else if (m_menuBar)
         m_menuBar->comeForward();
 }
 

@@ -4,13 +4,19 @@
 
 #include "orrinvale/ApplicationInterface.h"
 
+#include <functional>
 #include <memory>
 
 namespace orrinvale
 {
 
+class ActivityLogWindowController;
 class AppSettings;
+class FilePanels;
+class LocalCalendar;
 class MenuBarController;
+class OnboardingWindowController;
+class SettingsWindowController;
 class StatusItem;
 struct Platform;
 
@@ -18,18 +24,30 @@ struct Platform;
 class WidgetInterface final : public ApplicationInterface
 {
 public:
-    WidgetInterface(AppSettings& settings, const Platform& platform);
+    // All outlive the interface. `quit` ends the application whatever windows there are.
+    WidgetInterface(AppSettings& settings, const Platform& platform, const LocalCalendar& calendar,
+                    FilePanels& filePanels, std::function<void()> quit);
     ~WidgetInterface() override;
 
     void showStatusItem(WakeEngine& engine) override;
+    void showOnboarding() override;
     // The user started the application again: whatever there is to see comes to the front.
     void comeForward();
 
 private:
+    void showActivityLog(WakeEngine& engine);
+    void showSettings();
+
     AppSettings& m_settings;
     const Platform& m_platform;
+    const LocalCalendar& m_calendar;
+    FilePanels& m_filePanels;
+    std::function<void()> m_quit;
     std::unique_ptr<StatusItem> m_statusItem;
     std::unique_ptr<MenuBarController> m_menuBar;
+    std::unique_ptr<ActivityLogWindowController> m_activityLogWindow;
+    std::unique_ptr<SettingsWindowController> m_settingsWindow;
+    std::unique_ptr<OnboardingWindowController> m_onboardingWindow;
 };
 
 } // namespace orrinvale

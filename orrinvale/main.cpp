@@ -3,9 +3,11 @@
 #include "orrinvale/AppDelegate.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/LocalCalendar.h"
+#include "orrinvale/WidgetFilePanels.h"
 #include "orrinvale/WidgetInterface.h"
 #include "platform/linux/Compositing.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/PortalFilePanels.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/TerminationSignals.h"
 
@@ -40,7 +42,9 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("orrinvale"));
     QApplication::setDesktopFileName(QStringLiteral("orrinvale"));
     QApplication::setQuitOnLastWindowClosed(false);
-    termination.listen([] { QCoreApplication::quit(); });
+    // Not quit(): a window that refuses to be closed could veto that.
+    const auto end = [] { QCoreApplication::exit(); };
+    termination.listen(end);
 
     SingleInstance instance(instanceFolder());
     if (instance.claim() == SingleInstance::Role::Second)
@@ -50,7 +54,9 @@ int main(int argc, char** argv)
     const auto platform = desktop.platform();
     desktop.prime();
     AppSettings::provide(platform, LocalCalendar::user());
-    WidgetInterface interface(AppSettings::shared(), platform);
+    WidgetFilePanels widgetPanels;
+    PortalFilePanels filePanels(QDBusConnection::sessionBus(), widgetPanels);
+    WidgetInterface interface(AppSettings::shared(), platform, LocalCalendar::user(), filePanels, end);
     instance.listen([&] { interface.comeForward(); });
     AppDelegate delegate(platform, AppSettings::shared(), LocalCalendar::user(), interface);
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &application,

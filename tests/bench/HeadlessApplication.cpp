@@ -22,6 +22,7 @@ namespace
 class ModeSwitch final : public ApplicationInterface
 {
 public:
+    void showOnboarding() override {}
     void showStatusItem(WakeEngine& engine) override
     {
         QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [&engine] {

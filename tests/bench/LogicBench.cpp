@@ -23,6 +23,7 @@ const std::string folder = "/home/anna/Downloads";
 
 struct NoInterface final : ApplicationInterface {
     void showStatusItem(WakeEngine&) override {}
+    void showOnboarding() override {}
 };
 
 // A fake machine with the whole logic on it, everything from memory.

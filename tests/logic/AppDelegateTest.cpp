@@ -14,6 +14,8 @@ namespace
 
 struct RecordingInterface final : ApplicationInterface {
     int items = 0;
+    int onboardings = 0;
+    void showOnboarding() override { ++onboardings; }
     void showStatusItem(WakeEngine& engine) override
     {
         ++items;
