@@ -121,12 +121,22 @@ private:
         return av_seek_frame(m_format.get(), m_stream, 0, AVSEEK_FLAG_BACKWARD) >= 0;
     }
 
+    // The scaler writes whole vectors, past the end of a line that is no multiple of them.
+    static QImage imageWithRoom(const QSize& size)
+    {
+        constexpr int vector = 64;
+        const auto stride = (size.width() * 4 + vector - 1) / vector * vector;
+        auto* bytes = static_cast<uchar*>(av_malloc(static_cast<std::size_t>(stride) * size.height() + vector));
+        return bytes ? QImage(bytes, size.width(), size.height(), stride, QImage::Format_RGB32, av_free, bytes)
+                     : QImage();
+    }
+
     QImage converted(const QSize& size)
     {
         m_scaler.reset(sws_getCachedContext(m_scaler.release(), m_frame->width, m_frame->height,
                                             static_cast<AVPixelFormat>(m_frame->format), size.width(), size.height(),
                                             AV_PIX_FMT_RGB32, SWS_AREA, nullptr, nullptr, nullptr));
-        QImage image(size, QImage::Format_RGB32);
+        auto image = imageWithRoom(size);
         if (!m_scaler || image.isNull())
             return {};
         const auto* coefficients = sws_getCoefficients(
