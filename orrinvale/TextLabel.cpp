@@ -6,10 +6,57 @@
 #include <QPainter>
 #include <QTextLayout>
 
+#include <unicode/uchar.h>
+
 #include <cmath>
+#include <utility>
 
 namespace orrinvale
 {
+
+namespace
+{
+
+constexpr char32_t emojiPresentation = 0xfe0f; // asks for the picture of the character before it
+
+// The characters that are pictures, by themselves or because they ask for it. The toolkit takes them from the first
+// font that has them, which may draw them as plain text; so they are given a font of pictures.
+QList<QTextLayout::FormatRange> emojiRanges(const QString& text, QFont font)
+{
+    font.setFamilies({QStringLiteral("Noto Color Emoji"), QStringLiteral("emoji")});
+    QTextCharFormat format;
+    format.setFont(font);
+    QList<QTextLayout::FormatRange> ranges;
+    auto at = 0, previous = 0;
+    for (const auto character : text.toUcs4()) {
+        const auto length = QChar::requiresSurrogates(character) ? 2 : 1;
+        if (character == emojiPresentation && at > 0)
+            ranges.append({previous, at + length - previous, format});
+        else if (u_hasBinaryProperty(static_cast<UChar32>(character), UCHAR_EMOJI_PRESENTATION))
+            ranges.append({at, length, format});
+        previous = std::exchange(at, at + length);
+    }
+    return ranges;
+}
+
+// On one line, in the middle of the rectangle's height.
+void drawLine(QPainter& painter, const QRect& rect, Qt::Alignment alignment, const QString& text)
+{
+    const auto emoji = emojiRanges(text, painter.font());
+    if (emoji.isEmpty())
+        return painter.drawText(rect, static_cast<int>(Qt::TextSingleLine | Qt::AlignVCenter | alignment), text);
+    QTextLayout layout(text, painter.font());
+    layout.setFormats(emoji);
+    layout.beginLayout();
+    auto line = layout.createLine();
+    line.setLineWidth(rect.width());
+    layout.endLayout();
+    const QFontMetricsF metrics(painter.font());
+    const auto baseline = rect.top() + (rect.height() - metrics.height()) / 2 + metrics.ascent();
+    layout.draw(&painter, QPointF(rect.left(), baseline - line.ascent()));
+}
+
+} // namespace
 
 QString plainToolTip(const QString& text)
 {
@@ -104,9 +151,7 @@ void TextLabel::paintEvent(QPaintEvent*)
     const auto step = m_lineHeight > 0 ? m_lineHeight : fontMetrics().height();
     auto top = (alignment() & Qt::AlignTop) ? 0 : (height() - step * static_cast<int>(lines.size())) / 2;
     for (const auto& line : lines) {
-        painter.drawText(QRect(0, top, width(), step),
-                         Qt::TextSingleLine | Qt::AlignVCenter | (alignment() & Qt::AlignHorizontal_Mask),
-                         line.trimmed());
+        drawLine(painter, QRect(0, top, width(), step), alignment() & Qt::AlignHorizontal_Mask, line.trimmed());
         top += step;
     }
 }
