@@ -21,9 +21,12 @@ constexpr auto tileGap = 12;
 constexpr auto widestTile = 148;
 constexpr auto tileCount = static_cast<int>(allAppThemes.size());
 
+// In a row of this width, which lies inside the card's outline.
 int tileWidth(int width)
 {
-    return std::min(widestTile, (width - 2 * settingsGrid::cardPadding - (tileCount - 1) * tileGap) / tileCount);
+    constexpr auto outline = 1;
+    const auto card = width + 2 * outline;
+    return std::min(widestTile, (card - 2 * settingsGrid::cardPadding - (tileCount - 1) * tileGap) / tileCount);
 }
 
 // Where a key leads in the row of tiles; -1 for other keys.

@@ -1,0 +1,187 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "orrinvale/ActivityLogView.h"
+#include "orrinvale/ActivityLogWindowController.h"
+#include "orrinvale/AppSettings.h"
+#include "orrinvale/HeatmapView.h"
+#include "orrinvale/LocalCalendar.h"
+#include "orrinvale/OnboardingWindowController.h"
+#include "orrinvale/Popover.h"
+#include "orrinvale/SettingsWindowController.h"
+#include "orrinvale/StatusPopoverViewController.h"
+#include "orrinvale/WakeEngine.h"
+#include "platform/fake/FakeFilePanels.h"
+#include "platform/fake/FakePlatform.h"
+#include "tests/shots/History.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QPixmap>
+#include <QTemporaryFile>
+#include <QThread>
+
+#include <cstdio>
+
+using namespace orrinvale;
+
+namespace
+{
+
+// Draws every window in every theme and state into a folder, from made-up data and without a desktop.
+// Arguments: the folder, and the text scale (1 when absent). QT_SCALE_FACTOR sets the pixel ratio.
+class Shots
+{
+public:
+    Shots(QString folder, AppTheme theme) : m_folder(std::move(folder)), m_theme(theme)
+    {
+        m_fake.time.setWallClock(madeUpNow());
+        m_platform.emplace(m_fake.platform());
+        m_settings.emplace(*m_platform, m_calendar);
+        m_settings->appTheme.set(theme);
+        m_engine.emplace(*m_platform, *m_settings, m_calendar);
+    }
+
+    void takeAll()
+    {
+        popovers();
+        activityLog("empty");
+        m_engine->activityLog.set(madeUpLog(m_calendar));
+        m_engine->appUsageTracker().days.set(madeUpUsage(m_calendar));
+        activityLog("rich");
+        settings();
+        onboarding();
+    }
+
+private:
+    void save(QWidget& widget, const std::string& name) const
+    {
+        widget.ensurePolished();
+        QCoreApplication::processEvents();
+        const auto file = QStringLiteral("%1/%2-%3.png").arg(m_folder, QString::fromStdString(name), themeName());
+        if (!widget.grab().save(file))
+            std::fprintf(stderr, "cannot write %s\n", qPrintable(file));
+    }
+
+    // Fades, switches and the first picture of a film take their time.
+    void settle()
+    {
+        for (int step = 0; step < 20; ++step) {
+            m_fake.time.advance(std::chrono::milliseconds(50));
+            QThread::msleep(10);
+            QCoreApplication::processEvents();
+        }
+    }
+
+    QString themeName() const { return QString::fromStdString(std::string(rawValue(m_theme))).toLower(); }
+
+    void popover(const WakeState& state, const WakeSignals& signals, const std::string& name)
+    {
+        m_engine->state.set(state);
+        m_engine->activeSignals.set(signals);
+        auto* content = new StatusPopoverViewController(*m_engine, *m_settings, *m_platform);
+        Popover popover(content, {content->colours().background, content->colours().separator},
+                        Popover::Composition::composited);
+        popover.showAt({});
+        settle();
+        save(popover, "popover-" + name);
+    }
+
+    void popovers()
+    {
+        popover(WakeState::idle(), {}, "idle");
+        popover(WakeState::cooldown(24), {}, "cooldown");
+        popover(WakeState::awake("debian-12.iso is downloading"), madeUpSignals(1, m_fake.time.now()), "awake-1");
+        popover(WakeState::awake("debian-12.iso is downloading"), madeUpSignals(3, m_fake.time.now()), "awake-3");
+    }
+
+    void activityLog(const std::string& name)
+    {
+        ActivityLogWindowController log(*m_engine, *m_settings, *m_platform, m_calendar, m_panels);
+        m_fake.time.runPending();
+        log.showWindow();
+        save(log.window(), "log-" + name);
+        if (name == "empty")
+            return;
+        log.view().heatmapView().selectDay(m_fake.time.now() - std::chrono::hours(24 * 16));
+        save(log.window(), "log-past");
+        log.window().resize(log.window().minimumSize());
+        save(log.window(), "log-smallest");
+        log.window().resize(960, 820);
+        log.showWindow();
+        save(log.window(), "log-largest");
+    }
+
+    void settings()
+    {
+        SettingsWindowController window(*m_settings, *m_platform,
+                                        {m_panels, [](const auto&) { return new QWidget; }, {}});
+        window.showWindow();
+        save(window.window(), "settings");
+        window.window().resize(540, 1426);
+        save(window.window(), "settings-whole-none");
+        m_settings->customProcesses.set(
+            {{UUID::random(), "fr.handbrake.HandBrake", "HandBrake active", 3},
+             {UUID::random(), "org.example.department.of.extremely.descriptive.identifiers.RenderFarm",
+              "A Very Long Application Label That Someone Typed Into The Field And Kept", 3}});
+        m_fake.time.runPending();
+        save(window.window(), "settings-whole");
+        window.window().resize(window.window().minimumSize());
+        save(window.window(), "settings-smallest");
+        m_settings->customProcesses.set({});
+    }
+
+    void onboarding()
+    {
+        OnboardingWindowController window(*m_settings, *m_platform);
+        window.showWindow();
+        save(window.window(), "onboarding");
+    }
+
+    QString m_folder;
+    AppTheme m_theme;
+    FakePlatform m_fake;
+    FakeFilePanels m_panels;
+    LocalCalendar m_calendar{"UTC", "en_US"};
+    std::optional<Platform> m_platform;
+    std::optional<AppSettings> m_settings;
+    std::optional<WakeEngine> m_engine;
+};
+
+// A screen without a display, large enough for every window at twice the pixels.
+QByteArray platformWithScreen(QTemporaryFile& configuration)
+{
+    configuration.open();
+    configuration.write(R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": 4000, "height": 3000,
+                                         "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+    configuration.flush();
+    return "offscreen:configfile=" + configuration.fileName().toLocal8Bit();
+}
+
+void printMessage(QtMsgType, const QMessageLogContext&, const QString& text)
+{
+    if (!text.startsWith(QLatin1String("This plugin does not support"))) // without a display nothing can be raised
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qInstallMessageHandler(printMessage);
+    QTemporaryFile screen;
+    qputenv("QT_QPA_PLATFORM", platformWithScreen(screen));
+    QApplication application(argc, argv);
+    Q_INIT_RESOURCE(resources);
+    const auto arguments = QApplication::arguments();
+    if (arguments.size() < 2) {
+        std::fprintf(stderr, "usage: shots FOLDER [TEXT-SCALE]\n");
+        return 2;
+    }
+    QFont font(QStringLiteral("Inter"));
+    font.setPixelSize(qRound(13 * arguments.value(2, QStringLiteral("1")).toDouble()));
+    QApplication::setFont(font);
+    QDir().mkpath(arguments[1]);
+    for (const auto theme : allAppThemes)
+        Shots(arguments[1], theme).takeAll();
+    return 0;
+}
