@@ -73,9 +73,9 @@ void FadeTransition::step()
         setOpacity(m_from * (1 - easeIn(double(m_elapsed) / outMilliseconds)));
         if (m_elapsed < outMilliseconds)
             return;
-        std::exchange(m_change, nullptr)();
         m_phase = Phase::in;
         m_elapsed = 0;
+        std::exchange(m_change, nullptr)(); // may itself run the next change
         return;
     }
     setOpacity(easeOut(double(m_elapsed) / inMilliseconds));
