@@ -44,7 +44,7 @@ QColor blended(const QColor& ground, const QColor& over)
 
 double contrastRatio(const QColor& one, const QColor& other)
 {
-    const auto [dark, light] = std::minmax(luminance(one), luminance(other));
+    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
     return (light + 0.05) / (dark + 0.05);
 }
 
