@@ -1,0 +1,103 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "orrinvale/PopoverPlacement.h"
+
+#include "tests/interface/InterfaceFixture.h"
+
+namespace orrinvale
+{
+
+namespace
+{
+
+constexpr QSize popover(340, 700);
+constexpr QRect screen(0, 0, 1920, 1080);
+constexpr QRect belowPanel(0, 30, 1920, 1050); // what a panel of 30 at the top leaves
+constexpr QRect abovePanel(0, 0, 1920, 1050);
+
+QPoint byIcon(const QRect& icon, const QRect& available, const QRect& on = screen, const QSize& size = popover)
+{
+    return popoverPosition({icon, QPoint(5, 5)}, size, on, available);
+}
+QPoint byPointer(const QPoint& pointer, const QRect& available)
+{
+    return popoverPosition({{}, pointer}, popover, screen, available);
+}
+QPoint byPanel(const QRect& available)
+{
+    return popoverPosition({}, popover, screen, available);
+}
+
+TEST(PopoverPlacement, HangsCentredBelowAnIconAtTheTop)
+{
+    EXPECT_EQ(byIcon({1000, 4, 22, 22}, belowPanel), QPoint(1010 - 170, 30));
+    EXPECT_EQ(byIcon({1000, 4, 22, 40}, belowPanel), QPoint(1010 - 170, 48)) << "4 pixels below a higher icon";
+}
+
+TEST(PopoverPlacement, StandsAboveAnIconAtTheBottom)
+{
+    EXPECT_EQ(byIcon({1000, 1040, 22, 22}, abovePanel), QPoint(1010 - 170, 1040 - 4 - 700));
+}
+
+TEST(PopoverPlacement, TheIconCountsMoreThanThePointer)
+{
+    EXPECT_NE(byIcon({1000, 4, 22, 22}, belowPanel), byPointer({5, 5}, belowPanel));
+}
+
+TEST(PopoverPlacement, StaysOnTheScreenAtEveryEdge)
+{
+    for (const auto& icon : {QRect(0, 4, 22, 22), QRect(1898, 4, 22, 22), QRect(0, 1058, 22, 22),
+                             QRect(1898, 1058, 22, 22), QRect(0, 540, 22, 22), QRect(1898, 540, 22, 22)})
+        for (const auto& available : {belowPanel, abovePanel, QRect(40, 0, 1880, 1080), QRect(0, 0, 1880, 1080)})
+            EXPECT_TRUE(available.contains(QRect(byIcon(icon, available), popover)))
+                << testing::PrintToString(icon) << testing::PrintToString(available);
+}
+
+TEST(PopoverPlacement, StaysOnTheScreenOfTheIcon)
+{
+    const QRect right(1920, 200, 1280, 1024);
+    const QRect available(1920, 230, 1280, 994);
+    EXPECT_EQ(byIcon({3170, 204, 22, 22}, available, right), QPoint(3200 - 340, 230));
+    EXPECT_EQ(byIcon({1922, 204, 22, 22}, available, right), QPoint(1920, 230));
+    const QRect left(-1280, 0, 1280, 1024);
+    EXPECT_EQ(byIcon({-1270, 4, 22, 22}, left, left), QPoint(-1280, 30));
+}
+
+TEST(PopoverPlacement, WhatDoesNotFitShowsItsTopAndItsLeft)
+{
+    const QRect small(0, 0, 300, 600);
+    EXPECT_EQ(byIcon({270, 4, 22, 22}, small, small), QPoint(0, 0));
+}
+
+TEST(PopoverPlacement, WithoutAnIconThePointerTells)
+{
+    EXPECT_EQ(byPointer({1000, 15}, belowPanel), QPoint(1000 - 170, 30));
+    EXPECT_EQ(byPointer({1000, 1070}, abovePanel), QPoint(1000 - 170, 350));
+    EXPECT_EQ(byPointer({0, 0}, belowPanel), QPoint(0, 30));
+    EXPECT_EQ(byPointer({1919, 1079}, abovePanel), QPoint(1580, 350));
+}
+
+TEST(PopoverPlacement, WithNeitherItStandsInTheCornerByThePanel)
+{
+    EXPECT_EQ(byPanel(belowPanel), QPoint(1920 - 8 - 340, 38)) << "a panel at the top";
+    EXPECT_EQ(byPanel(abovePanel), QPoint(1920 - 8 - 340, 1050 - 8 - 700)) << "a panel at the bottom";
+    EXPECT_EQ(byPanel({40, 0, 1880, 1080}), QPoint(48, 8)) << "a panel on the left";
+    EXPECT_EQ(byPanel({0, 0, 1880, 1080}), QPoint(1880 - 8 - 340, 8)) << "a panel on the right";
+    EXPECT_EQ(byPanel(screen), QPoint(1920 - 8 - 340, 8)) << "no panel";
+}
+
+TEST(PlausibleIcon, IsOneOnTheDesktop)
+{
+    const QRect desktop(0, 0, 3200, 1080);
+    EXPECT_TRUE(isPlausibleIcon({1800, 2, 22, 22}, desktop));
+    EXPECT_TRUE(isPlausibleIcon({0, 0, 24, 24}, desktop)) << "a real one in the corner";
+    EXPECT_FALSE(isPlausibleIcon({0, 0, 22, 22}, desktop)) << "one that no tray has taken";
+    EXPECT_FALSE(isPlausibleIcon({}, desktop));
+    EXPECT_FALSE(isPlausibleIcon({100, 100, 0, 22}, desktop));
+    EXPECT_FALSE(isPlausibleIcon({3300, 2, 22, 22}, desktop));
+    EXPECT_FALSE(isPlausibleIcon({-40, 2, 22, 22}, desktop));
+}
+
+} // namespace
+
+} // namespace orrinvale
