@@ -25,11 +25,20 @@ ModeToggleButton::ModeToggleButton(const QString& title, QWidget* parent) : Pain
     setText(title);
     setAccessibleName(title);
     setCheckable(true);
+    setAutoExclusive(true); // which makes it a radio button
     setMinimumWidth(leastWidth);
-    QObject::connect(this, &QAbstractButton::clicked, this, [this] {
-        if (onTap)
-            onTap();
+    QObject::connect(this, &QAbstractButton::clicked, this, &ModeToggleButton::tap);
+    // Assistive technology checks a radio button instead of clicking it.
+    QObject::connect(this, &QAbstractButton::toggled, this, [this](bool isNowChecked) {
+        if (isNowChecked && !m_isSelected)
+            tap();
     });
+}
+
+void ModeToggleButton::tap()
+{
+    if (onTap)
+        onTap();
 }
 
 void ModeToggleButton::setColours(const Colours& colours)
@@ -40,6 +49,7 @@ void ModeToggleButton::setColours(const Colours& colours)
 
 void ModeToggleButton::setSelected(bool isSelected)
 {
+    m_isSelected = isSelected;
     setChecked(isSelected);
     setFocusPolicy(isSelected ? Qt::StrongFocus : Qt::ClickFocus);
     update();

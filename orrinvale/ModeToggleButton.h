@@ -30,7 +30,7 @@ public:
 
     void setColours(const Colours& colours);
     void setSelected(bool isSelected);
-    bool isSelected() const { return isChecked(); }
+    bool isSelected() const { return m_isSelected; }
     // Of the label, in logical pixels.
     void setFontPixels(double pixels);
     QColor background() const;
@@ -45,7 +45,10 @@ protected:
     void nextCheckState() override {}
 
 private:
+    void tap();
+
     Colours m_colours;
+    bool m_isSelected = false;
     double m_fontPixels = 12;
 };
 
