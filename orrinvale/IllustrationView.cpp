@@ -32,7 +32,7 @@ IllustrationView::~IllustrationView() = default;
 void IllustrationView::play(const QString& name)
 {
     m_name = name;
-    if (isVisible())
+    if (isVisible() && !m_start)
         start();
 }
 
@@ -47,6 +47,7 @@ void IllustrationView::stop()
 
 void IllustrationView::start()
 {
+    m_start.cancel();
     m_timer.cancel();
     m_film = m_open(m_name);
     if (!m_film)
@@ -83,12 +84,12 @@ void IllustrationView::paintEvent(QPaintEvent*)
         return;
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    const auto scale = 1 / devicePixelRatioF();
-    const auto shown = QSizeF(m_frame.size()) * scale;
+    // A frame of before the last resize is scaled until the next one comes.
+    const auto shown = QSizeF(m_frame.size()).scaled(size(), Qt::KeepAspectRatioByExpanding);
+    const auto scale = shown.width() / m_frame.width();
     QBrush film(m_frame);
-    film.setTransform(QTransform()
-                          .translate((width() - shown.width()) / 2, (height() - shown.height()) / 2)
-                          .scale(scale, scale));
+    film.setTransform(
+        QTransform().translate((width() - shown.width()) / 2, (height() - shown.height()) / 2).scale(scale, scale));
     painter.setPen(Qt::NoPen);
     painter.setBrush(film);
     painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
