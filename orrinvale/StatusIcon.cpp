@@ -71,7 +71,10 @@ int pictureSide(int side)
 QIcon statusIcon(const WakeState& state, const QString& imageFolder)
 {
     const auto name = state.isIdle() ? QStringLiteral("inaktiv") : QStringLiteral("aktiv");
-    QSvgRenderer picture(imageFolder + name + QStringLiteral(".svg"));
+    const auto path = imageFolder + name + QStringLiteral(".svg");
+    QSvgRenderer picture;
+    if (QFile::exists(path)) // the renderer would complain of a missing file
+        picture.load(path);
     QIcon icon;
     for (const auto side : sizes)
         icon.addPixmap(picture.isValid() ? drawn(picture, side) : emoji(state, side));
