@@ -189,8 +189,8 @@ private:
 
 } // namespace orrinvale
 
-extern "C" __attribute__((visibility("default"))) orrinvale::Film* orrinvaleOpenFilm(const unsigned char* data,
-                                                                                     std::size_t size)
+extern "C" __attribute__((visibility("default"))) orrinvale::Film* ORRINVALE_FILM_ENTRY_POINT(const unsigned char* data,
+                                                                                              std::size_t size)
 {
     auto film = std::make_unique<orrinvale::DecodedFilm>(data, size);
     return film->open() ? film.release() : nullptr;

@@ -13,12 +13,23 @@ namespace orrinvale
 namespace
 {
 
+FilmEntryPoint loadDecoder()
+{
+    const auto path = moduleFile(QStringLiteral("orrinvale-film.so"));
+    if (!path)
+        return nullptr;
+    QLibrary module(*path);
+    // A library that became too old or too new for the module shows here, not at the call that misses it.
+    module.setLoadHints(QLibrary::ResolveAllSymbolsHint);
+    const auto entryPoint = reinterpret_cast<FilmEntryPoint>(module.resolve(ORRINVALE_FILM_ENTRY_POINT));
+    if (!entryPoint)
+        module.unload();
+    return entryPoint;
+}
+
 FilmEntryPoint decoder()
 {
-    static const auto entryPoint = [] {
-        const auto path = moduleFile(QStringLiteral("orrinvale-film.so"));
-        return path ? reinterpret_cast<FilmEntryPoint>(QLibrary::resolve(*path, filmEntryPoint)) : nullptr;
-    }();
+    static const auto entryPoint = loadDecoder();
     return entryPoint;
 }
 

@@ -64,9 +64,9 @@ class DesktopTest(unittest.TestCase):
         self.settings.parent.mkdir(parents=True, exist_ok=True)
         self.settings.write_text(json.dumps({"orrinvale." + key: value for key, value in settings.items()}))
 
-    def launch(self):
+    def launch(self, program=PROGRAM):
         with open(os.environ["HOME"] + "/output", "w") as log:
-            self.program = subprocess.Popen([PROGRAM], stdout=log, stderr=subprocess.STDOUT)
+            self.program = subprocess.Popen([program], stdout=log, stderr=subprocess.STDOUT)
         self.launched.append(self.program)
         self.wait_for("the application", lambda: (Path(os.environ["XDG_RUNTIME_DIR"]) / "orrinvale.socket").exists())
 
