@@ -24,9 +24,10 @@ using Answer = std::unique_ptr<Reply, decltype(&std::free)>;
 bool isCompositing()
 {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
+    // Qt's offscreen platform has that interface too, without a connection behind it.
+    auto* connection = x11 ? x11->connection() : nullptr;
+    if (!connection)
         return QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
-    auto* connection = x11->connection();
     static constexpr char name[] = "_NET_WM_CM_S0";
     const Answer<xcb_intern_atom_reply_t> atom(
         xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 0, sizeof name - 1, name), nullptr), &std::free);

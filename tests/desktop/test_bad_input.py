@@ -7,6 +7,7 @@ import os
 import subprocess
 import time
 import unittest
+from unittest import mock
 
 from desktop import PROGRAM, DesktopTest, inhibitors
 
@@ -107,6 +108,14 @@ class BadInputTest(DesktopTest):
         self.wait_for("inhibitor", inhibitors)
         self.stays_up(1)
         self.assertEqual((self.support.read_text(), self.output()), ("a file", ""))
+
+    def test_a_platform_without_a_window_system_opens_the_popover_too(self):
+        with mock.patch.dict(os.environ, QT_QPA_PLATFORM="offscreen"):
+            self.choose()
+            self.launch()
+            self.assertEqual(subprocess.run([PROGRAM], timeout=10).returncode, 0)
+            self.stays_up(1)
+            self.end()
 
     def test_a_full_disk_leaves_the_old_log_whole(self):
         self.support.mkdir(parents=True)
