@@ -167,7 +167,7 @@ void ApplicationWalk::identify(std::int32_t pid, Process& process) const
     const auto* entry = entryOfProgram(pid, program);
     process.isKnownByUnit = entry == nullptr;
     if (entry)
-        return report(bundleIdentifierOf(entry->id), entry->name, policyOf(*entry));
+        return report(bundleIdentifierOf(entry->applicationId), entry->name, policyOf(*entry));
     if (auto identifier = bundleIdentifierOfExecutable(program)) {
         process.isKnownByUnit = false;
         return report(*identifier, validUtf8(program.substr(program.rfind('/') + 1)), ActivationPolicy::Accessory);

@@ -17,7 +17,7 @@ struct LinuxRunningApplications::Look {
 
 LinuxRunningApplications::LinuxRunningApplications(MainQueue& queue, SerialQueue& background, std::string procFolder)
     : m_queue(queue), m_background(background),
-      m_walk(std::make_shared<ApplicationWalk>(std::move(procFolder), DesktopEntryIndex::userFolders()))
+      m_walk(std::make_shared<ApplicationWalk>(std::move(procFolder), userEntryFolders()))
 {
 }
 
