@@ -10,6 +10,7 @@ class Appearance;
 class CPUCounters;
 class Clock;
 class FolderWatcher;
+class InstalledApplications;
 class LoginItem;
 class MainQueue;
 class MediaDevices;
@@ -34,6 +35,7 @@ struct Platform {
     Appearance& appearance;
     CPUCounters& cpuCounters;
     FolderWatcher& folderWatcher;
+    InstalledApplications& installedApplications;
     LoginItem& loginItem;
     MediaDevices& mediaDevices;
     NetworkCounters& networkCounters;

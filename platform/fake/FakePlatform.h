@@ -7,6 +7,7 @@
 #include "platform/fake/FakeApplicationSupport.h"
 #include "platform/fake/FakeCPUCounters.h"
 #include "platform/fake/FakeFolderWatcher.h"
+#include "platform/fake/FakeInstalledApplications.h"
 #include "platform/fake/FakeLoginItem.h"
 #include "platform/fake/FakeMediaDevices.h"
 #include "platform/fake/FakeNetworkCounters.h"
@@ -30,6 +31,7 @@ struct FakePlatform {
     FakeAppearance appearance;
     FakeCPUCounters cpu;
     FakeFolderWatcher folders;
+    FakeInstalledApplications installed;
     FakeLoginItem loginItem;
     FakeMediaDevices media;
     FakeNetworkCounters network;
@@ -43,10 +45,10 @@ struct FakePlatform {
 
     Platform platform()
     {
-        return {time,          time,     *background,  time,          applicationSupport,
-                appearance,    cpu,      folders,      loginItem,     media,
-                network,       power,    powerSources, processStatus, applications,
-                sessionEvents, defaults, notifications};
+        return {time,         time,          *background, time,         applicationSupport,
+                appearance,   cpu,           folders,     installed,    loginItem,
+                media,        network,       power,       powerSources, processStatus,
+                applications, sessionEvents, defaults,    notifications};
     }
 };
 

@@ -96,6 +96,18 @@ std::string bundleIdentifierOf(const std::string& desktopId)
     return find(desktopIds, desktopId).value_or(desktopId);
 }
 
+std::vector<std::string> desktopIdsOf(const std::string& bundleIdentifier)
+{
+    std::vector<std::string> ids;
+    for (const auto& known : desktopIds) {
+        if (known.bundleIdentifier == bundleIdentifier && !known.pattern.ends_with('*'))
+            ids.emplace_back(known.pattern);
+    }
+    if (bundleIdentifierOf(bundleIdentifier) == bundleIdentifier)
+        ids.push_back(bundleIdentifier);
+    return ids;
+}
+
 std::optional<std::string> bundleIdentifierOfExecutable(std::string_view path)
 {
     if (path.ends_with(resolvePath))

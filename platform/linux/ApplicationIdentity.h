@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orrinvale
 {
@@ -14,6 +15,8 @@ namespace orrinvale
 
 // `desktopId` without ".desktop"; a snap's is "<package>_<application>".
 std::string bundleIdentifierOf(const std::string& desktopId);
+// The way back: the ids that may bear that identifier, its own spelling included; those of a pattern are not listed.
+std::vector<std::string> desktopIdsOf(const std::string& bundleIdentifier);
 
 // For programs that are known by the name of their executable alone, desktop entry or not; nullopt for others.
 std::optional<std::string> bundleIdentifierOfExecutable(std::string_view path);

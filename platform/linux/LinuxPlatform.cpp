@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxPlatform.h"
 
+#include "platform/linux/DesktopEntry.h"
+
 #include <QCoreApplication>
 
 namespace orrinvale
@@ -15,6 +17,7 @@ LinuxPlatform::LinuxPlatform(Desktop desktop)
     : m_sessionBus(QDBusConnection::sessionBus()), m_systemBus(QDBusConnection::systemBus()),
       m_appearance(m_sessionBus, {std::move(desktop.isPaletteDark), std::move(desktop.isComposited),
                                   std::move(desktop.applyAppearance)}),
+      m_installedApplications(userEntryFolders()),
       m_loginItem(m_support.configDirectory() / "autostart", QCoreApplication::applicationFilePath().toStdString()),
       m_mediaDevices(m_queue, m_background), m_powerAssertions(m_sessionBus, m_systemBus, m_queue),
       m_powerSources(m_systemBus, m_queue, m_background), m_processStatus(m_queue, m_background),
@@ -33,10 +36,25 @@ void LinuxPlatform::prime()
 
 Platform LinuxPlatform::platform()
 {
-    return {m_queue,           m_serialQueues,    m_background,       m_clock,         m_support,
-            m_appearance,      m_cpuCounters,     m_folderWatcher,    m_loginItem,     m_mediaDevices,
-            m_networkCounters, m_powerAssertions, m_powerSources,     m_processStatus, m_runningApplications,
-            m_sessionEvents,   m_userDefaults,    m_userNotifications};
+    return {m_queue,
+            m_serialQueues,
+            m_background,
+            m_clock,
+            m_support,
+            m_appearance,
+            m_cpuCounters,
+            m_folderWatcher,
+            m_installedApplications,
+            m_loginItem,
+            m_mediaDevices,
+            m_networkCounters,
+            m_powerAssertions,
+            m_powerSources,
+            m_processStatus,
+            m_runningApplications,
+            m_sessionEvents,
+            m_userDefaults,
+            m_userNotifications};
 }
 
 } // namespace orrinvale

@@ -9,6 +9,7 @@
 #include "platform/linux/LinuxApplicationSupport.h"
 #include "platform/linux/LinuxCPUCounters.h"
 #include "platform/linux/LinuxFolderWatcher.h"
+#include "platform/linux/LinuxInstalledApplications.h"
 #include "platform/linux/LinuxLoginItem.h"
 #include "platform/linux/LinuxMediaDevices.h"
 #include "platform/linux/LinuxNetworkCounters.h"
@@ -50,6 +51,7 @@ private:
     LinuxAppearance m_appearance;
     LinuxCPUCounters m_cpuCounters;
     LinuxFolderWatcher m_folderWatcher;
+    LinuxInstalledApplications m_installedApplications;
     LinuxLoginItem m_loginItem;
     LinuxMediaDevices m_mediaDevices;
     LinuxNetworkCounters m_networkCounters;

@@ -74,12 +74,25 @@ struct Subject {
     static Platform platformOf(Subject& self)
     {
         const auto rest = self.fake.platform();
-        return {self.queue,         rest.serialQueues,       self.background,
-                rest.clock,         rest.applicationSupport, rest.appearance,
-                rest.cpuCounters,   rest.folderWatcher,      rest.loginItem,
-                rest.mediaDevices,  rest.networkCounters,    rest.powerAssertions,
-                rest.powerSources,  rest.processStatus,      self.applications,
-                rest.sessionEvents, rest.userDefaults,       rest.userNotifications};
+        return {self.queue,
+                rest.serialQueues,
+                self.background,
+                rest.clock,
+                rest.applicationSupport,
+                rest.appearance,
+                rest.cpuCounters,
+                rest.folderWatcher,
+                rest.installedApplications,
+                rest.loginItem,
+                rest.mediaDevices,
+                rest.networkCounters,
+                rest.powerAssertions,
+                rest.powerSources,
+                rest.processStatus,
+                self.applications,
+                rest.sessionEvents,
+                rest.userDefaults,
+                rest.userNotifications};
     }
 
     // What the detector's timer does every ten seconds, up to the moment when its result has been taken.
