@@ -19,6 +19,7 @@ struct RunningApplication {
     std::optional<std::string> localizedName;    // UTF-8
     std::optional<std::string> executablePath;   // UTF-8
     ActivationPolicy activationPolicy = ActivationPolicy::Regular;
+    std::optional<std::string> iconName{}; // in the icon theme, or a file's absolute path; UTF-8
 
     friend bool operator==(const RunningApplication&, const RunningApplication&) = default;
 };

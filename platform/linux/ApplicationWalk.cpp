@@ -156,28 +156,32 @@ void ApplicationWalk::identify(std::int32_t pid, Process& process) const
     process.unit = innermostUnit(processFile(m_procFolder, pid, "cgroup"));
     const auto executable = executableOf(m_procFolder, pid);
     const auto path = executable ? std::optional(validUtf8(*executable)) : std::nullopt;
-    const auto report = [&](std::string identifier, std::string name, ActivationPolicy policy) {
-        process.application = RunningApplication{std::move(identifier), std::move(name), path, policy};
+    const auto report = [&](std::string identifier, std::string name) {
+        process.application =
+            RunningApplication{std::move(identifier), std::move(name), path, ActivationPolicy::Accessory};
     };
-    const auto policyOf = [](const DesktopEntry& entry) {
-        return entry.isRegular ? ActivationPolicy::Regular : ActivationPolicy::Accessory;
+    const auto reportEntry = [&](const DesktopEntry& entry) {
+        report(bundleIdentifierOf(entry.applicationId), entry.name);
+        if (entry.isRegular)
+            process.application->activationPolicy = ActivationPolicy::Regular;
+        if (!entry.icon.empty())
+            process.application->iconName = entry.icon;
     };
     // The program itself is asked first: what runs in a terminal is in the terminal's unit.
     const auto& program = executable ? *executable : process.comm;
     const auto* entry = entryOfProgram(pid, program);
     process.isKnownByUnit = entry == nullptr;
     if (entry)
-        return report(bundleIdentifierOf(entry->applicationId), entry->name, policyOf(*entry));
+        return reportEntry(*entry);
     if (auto identifier = bundleIdentifierOfExecutable(program)) {
         process.isKnownByUnit = false;
-        return report(*identifier, validUtf8(program.substr(program.rfind('/') + 1)), ActivationPolicy::Accessory);
+        return report(*identifier, validUtf8(program.substr(program.rfind('/') + 1)));
     }
     const auto id = desktopIdOf(pid, process.unit);
     if (!id)
         return;
     entry = m_index.byId(*id);
-    report(bundleIdentifierOf(validUtf8(*id)), entry ? entry->name : validUtf8(*id),
-           entry ? policyOf(*entry) : ActivationPolicy::Accessory);
+    entry ? reportEntry(*entry) : report(bundleIdentifierOf(validUtf8(*id)), validUtf8(*id));
 }
 
 std::optional<std::string> ApplicationWalk::desktopIdOf(std::int32_t pid, const std::string& unit) const

@@ -184,7 +184,7 @@ TEST(InstalledApplications, WhatTheScanCallsAnApplicationIsWhatItRunsAs)
     fs::create_directories(data / "applications");
     fs::copy_file("/bin/sleep", program, fs::copy_options::overwrite_existing);
     std::ofstream(data / "applications/com.dropbox.Client.desktop")
-        << "[Desktop Entry]\nType=Application\nName=Picked\nExec=" << program.string() << " 100\n";
+        << "[Desktop Entry]\nType=Application\nName=Picked\nIcon=picked.svg\nExec=" << program.string() << " 100\n";
     std::string identifier;
     for (const auto& each : LinuxInstalledApplications(userEntryFolders()).scan()) {
         if (each.name == "Picked")
@@ -200,7 +200,7 @@ TEST(InstalledApplications, WhatTheScanCallsAnApplicationIsWhatItRunsAs)
     EXPECT_TRUE(waitFor([&] {
         applications.refresh();
         for (const auto& each : applications.applications()) {
-            if (each.bundleIdentifier == identifier)
+            if (each.bundleIdentifier == identifier && each.iconName == "picked")
                 return true;
         }
         return false;
