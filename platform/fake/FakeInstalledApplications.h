@@ -4,6 +4,8 @@
 
 #include "platform/InstalledApplications.h"
 
+#include <functional>
+
 namespace orrinvale
 {
 
@@ -12,6 +14,7 @@ class FakeInstalledApplications final : public InstalledApplications
 public:
     std::vector<InstalledApplication> list;
     mutable int scans = 0;
+    std::function<void()> onScan = [] {}; // during a scan
 
     void install(std::string bundleIdentifier, std::string name, std::string path = "/applications/some")
     {
@@ -21,6 +24,7 @@ public:
     std::vector<InstalledApplication> scan() const override
     {
         ++scans;
+        onScan();
         return list;
     }
     std::optional<InstalledApplication> find(const std::string& bundleIdentifier) const override
