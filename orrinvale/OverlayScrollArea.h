@@ -8,6 +8,8 @@
 namespace orrinvale
 {
 
+class OverlayThumb;
+
 // A vertical scroll area whose thumb lies over the content, takes no width, and shows while it is scrolled. What gets
 // the keyboard focus is scrolled into view.
 class OverlayScrollArea final : public QScrollArea
@@ -20,15 +22,10 @@ public:
     void setThumbColour(const QColor& colour);
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
-    void scrollContentsBy(int dx, int dy) override;
     bool focusNextPrevChild(bool next) override;
 
 private:
-    void placeThumb();
-
-    QWidget* m_thumb;
-    class QTimer* m_hide;
+    OverlayThumb* m_thumb;
 };
 
 } // namespace orrinvale
