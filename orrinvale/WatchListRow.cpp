@@ -47,6 +47,9 @@ void WatchListRow::applyTheme(const WindowPalette& colours)
     applyTextStyle(*m_label, windowText::body, colours.primaryText);
     applyTextStyle(*m_bundleID, windowText::small, colours.quietText);
     m_deleteButton->setColours(colours);
+    auto iconPalette = m_icon->palette();
+    iconPalette.setColor(QPalette::WindowText, colours.tertiaryText);
+    m_icon->setPalette(iconPalette);
     layOut();
 }
 

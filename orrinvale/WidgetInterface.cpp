@@ -3,6 +3,7 @@
 #include "orrinvale/WidgetInterface.h"
 
 #include "orrinvale/ActivityLogWindowController.h"
+#include "orrinvale/AppIconView.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/MenuBarController.h"
 #include "orrinvale/OnboardingWindowController.h"
@@ -52,7 +53,7 @@ void WidgetInterface::showSettings()
     if (!m_settingsWindow)
         m_settingsWindow = std::make_unique<SettingsWindowController>(
             m_settings, m_platform,
-            SettingsView::Surroundings{m_filePanels, [](const auto&) { return new QWidget; }, {}});
+            SettingsView::Surroundings{m_filePanels, [this](const auto& bundleID) { return new AppIconView(bundleID, m_platform, nullptr); }, {}});
     m_settingsWindow->showWindow();
 }
 

@@ -46,6 +46,7 @@ class DesktopTest(unittest.TestCase):
         self.settings = home / "config/orrinvale/settings.json"
         self.program = None
         self.launched = []
+        self.choose()
 
     def tearDown(self):
         for program in self.launched:
@@ -60,7 +61,7 @@ class DesktopTest(unittest.TestCase):
 
     def choose(self, **settings):
         """Writes the settings; load of the machine itself stays out of it unless a test asks for it."""
-        settings = {"cpuSignalEnabled": False, "networkSignalEnabled": False, **settings}
+        settings = {"cpuSignalEnabled": False, "networkSignalEnabled": False, "hasSeenOnboarding": True, **settings}
         self.settings.parent.mkdir(parents=True, exist_ok=True)
         self.settings.write_text(json.dumps({"orrinvale." + key: value for key, value in settings.items()}))
 

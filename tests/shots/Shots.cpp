@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/ActivityLogView.h"
 #include "orrinvale/ActivityLogWindowController.h"
+#include "orrinvale/AppIconView.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/HeatmapView.h"
 #include "orrinvale/LocalCalendar.h"
@@ -114,7 +115,7 @@ private:
     void settings()
     {
         SettingsWindowController window(*m_settings, *m_platform,
-                                        {m_panels, [](const auto&) { return new QWidget; }, {}});
+                                        {m_panels, [this](const auto& id) { return new AppIconView(id, *m_platform, nullptr); }, {}});
         window.showWindow();
         save(window.window(), "settings");
         window.window().resize(540, 1426);
