@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/AppDelegate.h"
 #include "orrinvale/AppSettings.h"
+#include "orrinvale/ApplicationPalette.h"
 #include "orrinvale/LocalCalendar.h"
 #include "orrinvale/WidgetFilePanels.h"
 #include "orrinvale/WidgetInterface.h"
@@ -12,7 +13,6 @@
 #include "platform/linux/TerminationSignals.h"
 
 #include <QApplication>
-#include <QPalette>
 
 #include <cstdio>
 #include <unistd.h>
@@ -21,11 +21,6 @@ using namespace orrinvale;
 
 namespace
 {
-
-bool isPaletteDark()
-{
-    return QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
-}
 
 std::filesystem::path instanceFolder()
 {
@@ -50,7 +45,7 @@ int main(int argc, char** argv)
     if (instance.claim() == SingleInstance::Role::Second)
         return 0;
 
-    LinuxPlatform desktop({isPaletteDark, isCompositing, [](AppearanceChoice) {}});
+    LinuxPlatform desktop({isPaletteDark, isCompositing, applyApplicationPalette});
     const auto platform = desktop.platform();
     desktop.prime();
     AppSettings::provide(platform, LocalCalendar::user());

@@ -43,17 +43,13 @@ LinuxAppearance::LinuxAppearance(const QDBusConnection& sessionBus, Windows wind
                            take(arguments.value(0).toString(), arguments.value(1).toString(), arguments.value(2));
                        })
 {
-    QObject::connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, [this] {
-        callLater(m_bus, readCall(colorScheme), this,
-                  [this](const auto& reply) { takeColorScheme(reply.arguments().value(0)); });
-        askForMotion();
-    });
-    askForMotion();
+    QObject::connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, [this] { ask(); });
+    ask();
 }
 
-void LinuxAppearance::askForMotion()
+void LinuxAppearance::ask()
 {
-    for (const auto& setting : {gnomeAnimations, kdeAnimations})
+    for (const auto& setting : {colorScheme, gnomeAnimations, kdeAnimations})
         callLater(m_bus, readCall(setting), this, [this, setting](const auto& reply) {
             take(setting.inNamespace, setting.key, reply.arguments().value(0));
         });
@@ -88,14 +84,22 @@ void LinuxAppearance::takeColorScheme(const QVariant& value)
     if (!isNumber)
         return;
     const auto before = std::exchange(m_systemIsDark, scheme == preferDark);
-    if (before != m_systemIsDark)
-        m_changes.set(m_changes.get() + 1);
+    if (before == m_systemIsDark)
+        return;
+    applyToWindows();
+    m_changes.set(m_changes.get() + 1);
 }
 
 void LinuxAppearance::apply(AppearanceChoice choice)
 {
     m_choice = choice;
-    m_windows.apply(choice);
+    applyToWindows();
+}
+
+void LinuxAppearance::applyToWindows()
+{
+    const auto isFollowing = m_choice == AppearanceChoice::FollowSystem;
+    m_windows.apply(isFollowing ? m_systemIsDark : m_choice == AppearanceChoice::Dark);
 }
 
 bool LinuxAppearance::isDark() const

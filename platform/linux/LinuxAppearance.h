@@ -23,7 +23,7 @@ public:
     struct Windows {
         std::function<bool()> isPaletteDark;
         std::function<bool()> isComposited;
-        std::function<void(AppearanceChoice)> apply; // gives our windows the appearance that was chosen
+        std::function<void(std::optional<bool> isDark)> apply; // to our windows; nullopt: as the desktop's others are
     };
     LinuxAppearance(const QDBusConnection& sessionBus, Windows windows);
 
@@ -37,7 +37,8 @@ public:
     [[nodiscard]] Cancellable observeChanges(std::function<void()> onChange) override;
 
 private:
-    void askForMotion();
+    void ask();
+    void applyToWindows();
     void take(const QString& settingsNamespace, const QString& key, const QVariant& value);
     void takeColorScheme(const QVariant& value);
 

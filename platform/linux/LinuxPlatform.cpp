@@ -6,12 +6,15 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+#include <chrono>
+
 namespace orrinvale
 {
 
 using namespace std::chrono_literals;
 
-constexpr auto primingBound = 100ms;
+constexpr auto primingBound = 100ms; // for all of them together
 
 LinuxPlatform::LinuxPlatform(Desktop desktop)
     : m_sessionBus(QDBusConnection::sessionBus()), m_systemBus(QDBusConnection::systemBus()),
@@ -28,10 +31,15 @@ LinuxPlatform::LinuxPlatform(Desktop desktop)
 
 void LinuxPlatform::prime()
 {
+    const auto end = std::chrono::steady_clock::now() + primingBound;
+    const auto left = [end] {
+        const auto rest = end - std::chrono::steady_clock::now();
+        return std::max(std::chrono::duration_cast<std::chrono::milliseconds>(rest), 1ms);
+    };
     m_runningApplications.refresh(); // goes on beside the questions below
-    m_powerSources.prime(primingBound);
-    m_appearance.prime(primingBound);
-    m_runningApplications.waitForRefresh(primingBound);
+    m_powerSources.prime(left());
+    m_appearance.prime(left());
+    m_runningApplications.waitForRefresh(left());
 }
 
 Platform LinuxPlatform::platform()

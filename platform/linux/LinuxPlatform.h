@@ -32,7 +32,7 @@ public:
     struct Desktop {
         std::function<bool()> isPaletteDark;
         std::function<bool()> isComposited;
-        std::function<void(AppearanceChoice)> applyAppearance;
+        std::function<void(std::optional<bool> isDark)> applyAppearance; // nullopt: as the desktop is
     };
     explicit LinuxPlatform(Desktop desktop);
 
