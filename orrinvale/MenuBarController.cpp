@@ -62,10 +62,6 @@ void MenuBarController::subscribe()
         if (m_popoverViewController)
             m_popoverViewController->update(m_engine.state.get(), signals, m_engine.mode.get());
     });
-    m_cancellables += m_platform.appearance.observeChanges([this] {
-        if (m_popover)
-            m_popover->setColours(coloursOf(*m_popoverViewController));
-    });
 }
 
 void MenuBarController::drawIcon(const WakeState& state)
@@ -97,6 +93,9 @@ void MenuBarController::openPopover(const PopoverAnchor& anchor)
     const auto isComposited = m_platform.appearance.isComposited();
     m_popover = new Popover(m_popoverViewController, coloursOf(*m_popoverViewController),
                             isComposited ? Popover::Composition::composited : Popover::Composition::none);
+    m_popoverViewController->onColoursChanged = [popover = m_popover, content = m_popoverViewController] {
+        popover->setColours(coloursOf(*content));
+    };
     m_popover->onClose = [this](Popover::Closing closing) { popoverClosed(closing == Popover::Closing::elsewhere); };
     m_popover->showAt(anchor);
 }

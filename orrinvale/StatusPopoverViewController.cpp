@@ -207,6 +207,8 @@ void StatusPopoverViewController::applyPalette()
         row->setColours(rowColours(m_palette));
     static_cast<GroupOutline*>(m_groupOutline)->colour = m_palette.separator;
     QWidget::update();
+    if (onColoursChanged)
+        onColoursChanged();
 }
 
 void StatusPopoverViewController::update(const WakeState& state, const WakeSignals& signals, WakeMode mode)

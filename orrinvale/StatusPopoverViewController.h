@@ -42,6 +42,8 @@ public:
     std::function<void()> onShowSettings;
     std::function<void()> onQuit;
     std::function<void(WakeMode)> onModeChanged;
+    // Called after `colours` changed, for what lies around this view.
+    std::function<void()> onColoursChanged;
 
     void update(const WakeState& state, const WakeSignals& signals, WakeMode mode);
 

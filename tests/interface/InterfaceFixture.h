@@ -33,6 +33,11 @@ inline void PrintTo(const QPoint& point, std::ostream* out)
 namespace orrinvale
 {
 
+inline void PrintTo(const WakeState& state, std::ostream* out)
+{
+    *out << state.statusText();
+}
+
 // Widgets on a fake machine in virtual time. Qt's own events run only where a test says so.
 struct InterfaceFixture : LogicFixture {
     InterfaceFixture() { fake.applicationSupport.support = support.path; }

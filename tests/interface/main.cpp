@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <initializer_list>
 
 namespace
@@ -32,6 +33,17 @@ QFont usualFont()
     return font;
 }
 
+// What Qt warns of is a failure, except that the offscreen platform can do less than others.
+void judge(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    if (message.startsWith(QStringLiteral("This plugin does not support")))
+        return;
+    if (type == QtWarningMsg || type == QtCriticalMsg)
+        ADD_FAILURE() << "Qt warns: " << message.toStdString();
+    else
+        std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -39,6 +51,7 @@ int main(int argc, char** argv)
     testing::InitGoogleTest(&argc, argv);
     const QTemporaryDir folder;
     makePrivate(folder.path());
+    qInstallMessageHandler(judge);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setFont(usualFont());
