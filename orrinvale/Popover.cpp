@@ -84,6 +84,7 @@ void Popover::showAt(const PopoverAnchor& anchor)
     show();
     raise();
     activateWindow();
+    m_content->setFocus(Qt::PopupFocusReason);
 }
 
 void Popover::resizeEvent(QResizeEvent* event)

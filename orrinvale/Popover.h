@@ -14,7 +14,8 @@ namespace orrinvale
 class OverlayScrollArea;
 
 // The rounded window that carries the popover's content, above all other windows. It closes on Escape and on a click
-// elsewhere. Its owner deletes it after it has closed. Main thread.
+// elsewhere. The content, or its focus proxy, has the focus from the start. Its owner deletes it after it has closed.
+// Main thread.
 class Popover final : public QWidget
 {
     Q_OBJECT

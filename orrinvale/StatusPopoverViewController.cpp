@@ -153,6 +153,7 @@ void StatusPopoverViewController::buildToggle()
         if (index >= 0 && index < static_cast<int>(allWakeModes.size()) && onModeChanged)
             onModeChanged(allWakeModes[index]);
     };
+    setFocusProxy(m_modeToggle);
 }
 
 void StatusPopoverViewController::buildRows()

@@ -288,6 +288,19 @@ TEST_F(MenuBarControllerTest, AShadowIsThereOnlyWhereWindowsAreComposed)
     EXPECT_EQ(controller->popover()->body().topLeft(), QPoint(16, 16));
 }
 
+TEST_F(MenuBarControllerTest, TheToggleHasTheFocusFromTheStartWithoutARing)
+{
+    engine().mode.set(WakeMode::manual);
+    open();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(controller->popover()));
+    auto* selected = content().modeToggle().buttons()[1];
+    EXPECT_EQ(QApplication::focusWidget(), selected);
+    EXPECT_FALSE(selected->showsFocusRing());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), &content().logButton());
+    EXPECT_TRUE(content().logButton().showsFocusRing());
+}
+
 TEST_F(MenuBarControllerTest, ItMayEndWhileThePopoverIsOpen)
 {
     open();

@@ -222,6 +222,15 @@ TEST_F(PopoverTest, GrowsWithItsContentUpToItsMost)
     EXPECT_EQ(popover().height(), 700);
 }
 
+TEST_F(PopoverTest, ItsContentHasTheFocusFromTheStartWithoutSayingSo)
+{
+    make();
+    content->setFocusProxy(button);
+    popover().showAt({});
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&popover()));
+    EXPECT_EQ(QApplication::focusWidget(), button);
+}
+
 } // namespace
 
 } // namespace orrinvale
