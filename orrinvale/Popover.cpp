@@ -10,6 +10,7 @@
 #include <QBitmap>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
 
@@ -138,6 +139,14 @@ void Popover::keyPressEvent(QKeyEvent* event)
     if (event->key() != Qt::Key_Escape)
         return QWidget::keyPressEvent(event);
     m_closing = Closing::escape;
+    close();
+}
+
+// What shines through the shadow is not the popover.
+void Popover::mousePressEvent(QMouseEvent* event)
+{
+    if (body().contains(event->position().toPoint()))
+        return QWidget::mousePressEvent(event);
     close();
 }
 

@@ -153,6 +153,13 @@ TEST_F(PopoverTest, APressInsideLeavesItOpen)
     EXPECT_TRUE(popover().isVisible());
 }
 
+TEST_F(PopoverTest, APressOnItsShadowIsAPressElsewhere)
+{
+    open(Popover::Composition::composited);
+    QTest::mousePress(&popover(), Qt::LeftButton, {}, QPoint(5, 300));
+    EXPECT_THAT(closings, ElementsAre(Popover::Closing::elsewhere));
+}
+
 TEST_F(PopoverTest, ItsOwnerClosesIt)
 {
     open();
