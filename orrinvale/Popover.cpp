@@ -14,7 +14,6 @@
 #include <QPainter>
 #include <QScreen>
 
-#include <algorithm>
 #include <utility>
 
 namespace orrinvale
@@ -27,7 +26,6 @@ constexpr auto cornerRadius = 12.0;
 constexpr auto shadowWidth = 16;
 constexpr auto shadowDrop = 4;      // how much lower than the popover its shadow lies
 constexpr auto shadowAlpha = 0.028; // of each of its layers
-constexpr auto screenMargin = 8;
 
 // Qt gives a popup of X11 every click; on Wayland a popup that belongs to no window is an ordinary one.
 bool hasPopupGrab()
@@ -72,7 +70,7 @@ QRect Popover::body() const
 
 void Popover::fitHeight(const QRect& available)
 {
-    const auto height = std::min({m_content->height(), PopoverLayout::height, available.height() - 2 * screenMargin});
+    const auto height = popoverHeight(m_content->height(), available.height());
     setFixedSize(PopoverLayout::width + 2 * m_shadow, height + 2 * m_shadow);
 }
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/PopoverPlacement.h"
 
+#include "orrinvale/PopoverLayout.h"
+
 #include <algorithm>
 
 namespace orrinvale
@@ -12,6 +14,7 @@ namespace
 
 constexpr auto gap = 4;
 constexpr auto cornerGap = 8;
+constexpr auto screenMargin = 8;
 
 int clamped(int wanted, int least, int most)
 {
@@ -41,6 +44,11 @@ QPoint panelCorner(const QSize& size, const QRect& screen, const QRect& availabl
 }
 
 } // namespace
+
+int popoverHeight(int contentHeight, int availableHeight)
+{
+    return std::min({contentHeight, PopoverLayout::height, availableHeight - 2 * screenMargin});
+}
 
 QPoint popoverPosition(const PopoverAnchor& anchor, const QSize& size, const QRect& screen, const QRect& available)
 {

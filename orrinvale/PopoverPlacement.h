@@ -15,6 +15,9 @@ struct PopoverAnchor {
     std::optional<QPoint> pointer; // at the click, where the desktop lets us know
 };
 
+// Of a popover whose content is that high, on a screen with that much room: what does not fit is scrolled to.
+int popoverHeight(int contentHeight, int availableHeight);
+
 // The upper left corner of a popover of `size`: on the icon's side that points into the screen, else at the pointer,
 // else in the corner next to the panel; always wholly on the screen's available part where it fits.
 QPoint popoverPosition(const PopoverAnchor& anchor, const QSize& size, const QRect& screen, const QRect& available);

@@ -86,6 +86,16 @@ TEST(PopoverPlacement, WithNeitherItStandsInTheCornerByThePanel)
     EXPECT_EQ(byPanel(screen), QPoint(1920 - 8 - 340, 8)) << "no panel";
 }
 
+TEST(PopoverHeight, IsThatOfTheContentUpToItsMostAndToTheRoomOnTheScreen)
+{
+    EXPECT_EQ(popoverHeight(700, 1080), 700);
+    EXPECT_EQ(popoverHeight(640, 1080), 640);
+    EXPECT_EQ(popoverHeight(900, 1080), 700);
+    EXPECT_EQ(popoverHeight(700, 716), 700) << "8 above and below";
+    EXPECT_EQ(popoverHeight(700, 600), 584);
+    EXPECT_EQ(popoverHeight(900, 600), 584);
+}
+
 TEST(PlausibleIcon, IsOneOnTheDesktop)
 {
     const QRect desktop(0, 0, 3200, 1080);
