@@ -3,7 +3,6 @@
 #include "feedback/Conversation.h"
 
 #include "orrinvale/FeedbackLines.h"
-#include "orrinvale/FeedbackPalette.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -57,7 +56,7 @@ void Conversation::obey(const QByteArray& line)
         Q_EMIT raiseOrdered();
     if (!line.startsWith(feedbackLines::look))
         return;
-    if (const auto look = lookNamed(QString::fromUtf8(line.mid(qstrlen(feedbackLines::look)))))
+    if (const auto look = feedbackLines::lookNamed(line.mid(qstrlen(feedbackLines::look))))
         Q_EMIT lookOrdered(*look);
 }
 

@@ -3,8 +3,8 @@
 #include "feedback/ConfiguredForm.h"
 #include "feedback/Conversation.h"
 #include "feedback/FeedbackWebView.h"
+#include "feedback/FeedbackWindow.h"
 #include "orrinvale/FeedbackLines.h"
-#include "orrinvale/FeedbackWindow.h"
 #include "platform/qt/QtMainQueue.h"
 
 #include <QApplication>
@@ -26,11 +26,13 @@ struct Options {
 std::optional<Options> parse(const QStringList& arguments)
 {
     QCommandLineParser parser;
-    const QCommandLineOption look(QStringLiteral("look"), {}, QStringLiteral("name"), nameOf(Look::light));
+    const QCommandLineOption look(QStringLiteral("look"), {}, QStringLiteral("name"),
+                                  QLatin1String(feedbackLines::nameOf(Look::light)));
     const QCommandLineOption still(QStringLiteral("still"));
     parser.addOptions({look, still});
-    const auto named = parser.parse(arguments) && parser.positionalArguments().isEmpty() ? lookNamed(parser.value(look))
-                                                                                         : std::nullopt;
+    if (!parser.parse(arguments) || !parser.positionalArguments().isEmpty())
+        return std::nullopt;
+    const auto named = feedbackLines::lookNamed(parser.value(look).toUtf8());
     if (!named)
         return std::nullopt;
     return Options{*named, parser.isSet(still) ? FeedbackOverlay::Motion::still : FeedbackOverlay::Motion::moving};
@@ -80,8 +82,7 @@ void obeyOrders(const Conversation& conversation, FeedbackWindow& window)
 {
     QObject::connect(&conversation, &Conversation::raiseOrdered, &window, &FeedbackWindow::bringForward);
     QObject::connect(&conversation, &Conversation::ended, &window, &QWidget::close);
-    QObject::connect(&conversation, &Conversation::lookOrdered, &window,
-                     [&window](Look look) { window.view().setLook(look); });
+    QObject::connect(&conversation, &Conversation::lookOrdered, &window, &FeedbackWindow::applyTheme);
 }
 
 // The graphics drivers would keep shaders on the disk, where nothing of a visit shall stay.
@@ -114,12 +115,13 @@ int main(int argc, char** argv)
     QtMainQueue queue;
     Conversation conversation;
     const auto state = std::make_shared<FeedbackState>();
-    FeedbackWindow window(state, queue, options->look, options->motion);
+    auto* view = new FeedbackView(state, queue, options->motion);
+    FeedbackWindow window(view, options->look);
     obeyOrders(conversation, window);
     window.bringForward();
-    auto* view = new FeedbackWebView(*form, state, queue);
-    QObject::connect(view, &FeedbackWebView::escapePressed, &window, &QWidget::close);
-    window.view().setForm(view);
+    auto* webView = new FeedbackWebView(*form, state, queue);
+    QObject::connect(webView, &FeedbackWebView::escapePressed, &window, &QWidget::close);
+    view->setForm(webView);
     const auto reports = reportStates(state, queue, conversation);
     return QApplication::exec();
 }

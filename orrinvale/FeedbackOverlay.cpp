@@ -3,7 +3,8 @@
 #include "orrinvale/FeedbackOverlay.h"
 
 #include "orrinvale/Symbols.h"
-#include "orrinvale/Typography.h"
+#include "orrinvale/TextLabel.h"
+#include "orrinvale/WindowText.h"
 
 #include <QPainter>
 #include <QTimerEvent>
@@ -17,29 +18,27 @@ namespace
 constexpr auto fadeMilliseconds = 160;
 constexpr auto turnMilliseconds = 1000;
 constexpr auto stepMilliseconds = 33;
-constexpr auto ringSide = 24.0;
-constexpr auto ringGap = 12.0;
-constexpr auto ringLine = 18.0;
-constexpr auto symbolSide = 36.0;
-constexpr auto symbolGap = 14.0;
-constexpr auto symbolLine = 20.0;
-constexpr auto aboveTheMiddle = 20.0;
-constexpr auto textPixels = 13.0;
+constexpr auto ringSide = 24;
+constexpr auto ringGap = 12;
+constexpr auto symbolSide = 36;
+constexpr auto symbolGap = 14;
+constexpr auto aboveTheMiddle = 20;
+constexpr auto inset = 24;
+constexpr TextStyle failureText{13, 20};
 
 } // namespace
 
-FeedbackOverlay::FeedbackOverlay(const FeedbackPalette& palette, Motion motion, QWidget* parent)
-    : QWidget(parent), m_palette(palette), m_motion(motion)
+FeedbackOverlay::FeedbackOverlay(Motion motion, QWidget* parent)
+    : QWidget(parent), m_colours(&WindowPalette::of(Look::light)), m_motion(motion), m_text(new TextLabel(this))
 {
-    setAccessibleName(text());
+    m_text->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     m_fade.setDuration(fadeMilliseconds);
     m_fade.setStartValue(1.0);
     m_fade.setEndValue(0.0);
-    connect(&m_fade, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
-        m_opacity = value.toDouble();
-        update();
-    });
+    connect(&m_fade, &QVariantAnimation::valueChanged, this,
+            [this](const QVariant& value) { setOpacity(value.toDouble()); });
     connect(&m_fade, &QVariantAnimation::finished, this, &QWidget::hide);
+    showText();
 }
 
 void FeedbackOverlay::show(FeedbackState::Overlay what)
@@ -51,22 +50,24 @@ void FeedbackOverlay::show(FeedbackState::Overlay what)
     if (what == FeedbackState::Overlay::none)
         return fadeAway();
     m_fade.stop();
-    m_opacity = 1;
-    setAccessibleName(text());
+    setOpacity(1);
+    showText();
     setVisible(true);
-    update();
 }
 
-void FeedbackOverlay::setColours(const FeedbackPalette& palette)
+void FeedbackOverlay::applyTheme(Look look)
 {
-    m_palette = palette;
-    update();
+    m_colours = &WindowPalette::of(look);
+    showText();
 }
 
-QString FeedbackOverlay::text() const
+void FeedbackOverlay::showText()
 {
-    return isFailed() ? QStringLiteral("Couldn't load the survey.\nCheck your internet connection.")
-                      : QStringLiteral("Loading survey…");
+    m_text->setContent(isFailed() ? QStringLiteral("Couldn't load the survey.\nCheck your internet connection.")
+                                  : QStringLiteral("Loading survey…"));
+    applyTextStyle(*m_text, isFailed() ? failureText : windowText::rowTitle, m_colours->quietText);
+    layOut();
+    update();
 }
 
 void FeedbackOverlay::fadeAway()
@@ -75,6 +76,29 @@ void FeedbackOverlay::fadeAway()
         m_fade.start();
     else
         hide();
+}
+
+void FeedbackOverlay::setOpacity(double opacity)
+{
+    m_opacity = opacity;
+    m_text->setOpacity(opacity);
+    update();
+}
+
+void FeedbackOverlay::layOut()
+{
+    const auto side = isFailed() ? symbolSide : ringSide;
+    const auto gap = isFailed() ? symbolGap : ringGap;
+    const auto textWidth = width() - 2 * inset;
+    const auto textHeight = m_text->heightFor(textWidth, (isFailed() ? failureText : windowText::rowTitle).line());
+    const auto top = (height() - side - gap - textHeight) / 2 - aboveTheMiddle;
+    m_picture = QRectF((width() - side) / 2.0, top, side, side);
+    m_text->setGeometry(inset, top + side + gap, textWidth, textHeight);
+}
+
+void FeedbackOverlay::resizeEvent(QResizeEvent*)
+{
+    layOut();
 }
 
 void FeedbackOverlay::showEvent(QShowEvent*)
@@ -93,50 +117,31 @@ void FeedbackOverlay::hideEvent(QHideEvent*)
 void FeedbackOverlay::timerEvent(QTimerEvent* event)
 {
     if (event->timerId() == m_turning.timerId())
-        update();
+        update(m_picture.toAlignedRect());
 }
 
 void FeedbackOverlay::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setOpacity(m_opacity);
-    painter.fillRect(rect(), m_palette.window);
-    if (m_shown == FeedbackState::Overlay::none)
-        return;
-    const auto side = isFailed() ? symbolSide : ringSide;
-    const auto gap = isFailed() ? symbolGap : ringGap;
-    const auto line = textScale() * (isFailed() ? symbolLine : ringLine);
-    const auto lines = static_cast<double>(text().count(u'\n') + 1);
-    const auto top = (height() - side - gap - lines * line) / 2 - aboveTheMiddle;
-    const QPointF corner((width() - side) / 2, top);
+    painter.fillRect(rect(), m_colours->window);
     if (isFailed())
-        paintSymbol(painter, QStringLiteral("wifi.slash"), QRectF(corner, QSizeF(side, side)), m_palette.quiet);
+        paintSymbol(painter, QStringLiteral("wifi.slash"), m_picture, m_colours->quietText);
     else
-        paintRing(painter, corner);
-    paintText(painter, top + side + gap, line);
+        paintRing(painter);
 }
 
-void FeedbackOverlay::paintRing(QPainter& painter, QPointF corner) const
+void FeedbackOverlay::paintRing(QPainter& painter) const
 {
     constexpr auto width = 2.5;
-    const auto circle = QRectF(corner, QSizeF(ringSide, ringSide)).adjusted(width, width, -width, -width);
+    const auto circle = m_picture.adjusted(width, width, -width, -width);
     const auto turned = m_turning.isActive() ? m_turned.elapsed() % turnMilliseconds : 0;
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(m_palette.ringRest, width));
+    painter.setPen(QPen(m_colours->controlOff, width));
     painter.drawEllipse(circle);
-    painter.setPen(QPen(m_palette.ringDone, width, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(m_colours->controlOn, width, Qt::SolidLine, Qt::RoundCap));
     // Sixteenths of a degree; negative is clockwise.
     painter.drawArc(circle, static_cast<int>((90 - turned * 360 / turnMilliseconds) * 16), -90 * 16);
-}
-
-void FeedbackOverlay::paintText(QPainter& painter, double top, double lineHeight) const
-{
-    painter.setFont(textFont(textPixels));
-    painter.setPen(m_palette.quiet);
-    for (const auto& line : text().split(u'\n')) {
-        painter.drawText(QRectF(0, top, width(), lineHeight), Qt::AlignCenter | Qt::TextDontClip, line);
-        top += lineHeight;
-    }
 }
 
 } // namespace orrinvale

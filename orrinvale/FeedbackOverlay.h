@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "orrinvale/FeedbackPalette.h"
 #include "orrinvale/FeedbackState.h"
+#include "orrinvale/WindowPalette.h"
 
 #include <QBasicTimer>
 #include <QElapsedTimer>
@@ -12,6 +12,8 @@
 
 namespace orrinvale
 {
+
+class TextLabel;
 
 // Covers the form until it is there: a turning ring with "Loading survey…", or the failure text for good. Fades away
 // once the form is loaded. Owned by the feedback view.
@@ -22,28 +24,32 @@ class FeedbackOverlay final : public QWidget
 public:
     enum class Motion { still, moving };
 
-    FeedbackOverlay(const FeedbackPalette& palette, Motion motion, QWidget* parent);
+    FeedbackOverlay(Motion motion, QWidget* parent);
 
     void show(FeedbackState::Overlay what);
-    void setColours(const FeedbackPalette& palette);
+    void applyTheme(Look look);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
 
 private:
     bool isFailed() const { return m_shown == FeedbackState::Overlay::failed; }
-    QString text() const;
+    void showText();
     void fadeAway();
-    void paintRing(QPainter& painter, QPointF corner) const;
-    void paintText(QPainter& painter, double top, double lineHeight) const;
+    void setOpacity(double opacity);
+    void layOut();
+    void paintRing(QPainter& painter) const;
 
-    FeedbackPalette m_palette;
+    const WindowPalette* m_colours;
     Motion m_motion;
     FeedbackState::Overlay m_shown = FeedbackState::Overlay::loading;
     double m_opacity = 1;
+    QRectF m_picture; // the ring's or the symbol's place
+    TextLabel* m_text;
     QVariantAnimation m_fade;
     QBasicTimer m_turning;
     QElapsedTimer m_turned;

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/FeedbackView.h"
 
-#include "orrinvale/Typography.h"
+#include "orrinvale/TextLabel.h"
+#include "orrinvale/WindowText.h"
 
 #include <QPainter>
 
@@ -16,41 +17,21 @@ namespace
 
 constexpr auto headerHeight = 72;
 constexpr auto ruleHeight = 2;
-constexpr auto ruleAlpha = 0.8F;
+constexpr auto ruleAlpha = 0.8;
 constexpr auto inset = 20;
-constexpr auto productLine = 15.0;
-constexpr auto titleLine = 20.0;
-constexpr auto lineGap = 1.0;
-constexpr QSize smallestSize(380, 420);
-
-void paintLine(QPainter& painter, double top, double height, const QFont& font, const QColor& colour,
-               const QString& text)
-{
-    painter.setFont(font);
-    painter.setPen(colour);
-    painter.drawText(QRectF(inset, top, 1, height), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, text);
-}
-
-// Both lines stand in the middle of the header together.
-void paintHeader(QPainter& painter, int width, const FeedbackPalette& palette)
-{
-    const auto scale = textScale();
-    const auto top = (headerHeight - (productLine + titleLine) * scale - lineGap) / 2;
-    painter.fillRect(0, 0, width, headerHeight, palette.header);
-    paintLine(painter, top, productLine * scale, textFont(11), palette.quiet, QStringLiteral("orrinvale"));
-    paintLine(painter, top + productLine * scale + lineGap, titleLine * scale, textFont(14, QFont::DemiBold),
-              palette.primary, QStringLiteral("Send Feedback"));
-}
+constexpr auto lineGap = 1;
 
 } // namespace
 
-FeedbackView::FeedbackView(std::shared_ptr<FeedbackState> state, MainQueue& queue, Look look,
-                           FeedbackOverlay::Motion motion)
-    : m_state(std::move(state)), m_palette(FeedbackPalette::of(look)),
-      m_overlay(new FeedbackOverlay(m_palette, motion, this))
+FeedbackView::FeedbackView(std::shared_ptr<FeedbackState> state, MainQueue& queue, FeedbackOverlay::Motion motion)
+    : m_state(std::move(state)), m_colours(&WindowPalette::of(Look::light)),
+      m_product(new TextLabel(this, Qt::ElideRight)), m_title(new TextLabel(this, Qt::ElideRight)),
+      m_overlay(new FeedbackOverlay(motion, this))
 {
-    setMinimumSize(smallestSize);
-    setAccessibleName(QStringLiteral("Send Feedback"));
+    setMinimumSize(feedbackFrame::minimumSize);
+    m_product->setContent(QStringLiteral("orrinvale"));
+    m_title->setContent(QStringLiteral("Send Feedback"));
+    applyTheme(Look::light);
     stateChanged();
     for (auto* value : {&m_state->isLoading, &m_state->loadFailed})
         m_cancellables += value->observeOn(
@@ -61,51 +42,60 @@ void FeedbackView::setForm(QWidget* form)
 {
     m_form = form;
     m_form->setParent(this);
-    m_form->setGeometry(contentRect());
     m_form->show();
     m_overlay->raise();
+    layOut();
 }
 
-void FeedbackView::setLook(Look look)
+void FeedbackView::applyTheme(Look look)
 {
-    m_palette = FeedbackPalette::of(look);
-    m_overlay->setColours(m_palette);
+    m_colours = &WindowPalette::of(look);
+    applyTextStyle(*m_product, windowText::subtitle, m_colours->quietText);
+    applyTextStyle(*m_title, windowText::windowHead, m_colours->primaryText);
+    m_overlay->applyTheme(look);
+    layOut();
     update();
 }
 
 void FeedbackView::stateChanged()
 {
-    m_overlay->show(overlay());
+    const auto overlay = m_state->overlay();
+    m_overlay->show(overlay);
     if (!m_form)
         return;
-    const auto failed = overlay() == FeedbackState::Overlay::failed;
+    const auto failed = overlay == FeedbackState::Overlay::failed;
     if (failed)
         setFocus();
     m_form->setVisible(!failed);
-    if (overlay() == FeedbackState::Overlay::none)
+    if (overlay == FeedbackState::Overlay::none)
         m_form->setFocus();
 }
 
-QRect FeedbackView::contentRect() const
+// The two lines stand in the middle of the header together.
+void FeedbackView::layOut()
 {
-    return rect().adjusted(0, headerHeight + ruleHeight, 0, 0);
+    const auto productHeight = windowText::subtitle.line();
+    const auto titleHeight = windowText::windowHead.line();
+    const auto top = (headerHeight - productHeight - lineGap - titleHeight) / 2;
+    m_product->setGeometry(inset, top, width() - 2 * inset, productHeight);
+    m_title->setGeometry(inset, top + productHeight + lineGap, width() - 2 * inset, titleHeight);
+    const auto content = rect().adjusted(0, headerHeight + ruleHeight, 0, 0);
+    m_overlay->setGeometry(content);
+    if (m_form)
+        m_form->setGeometry(content);
 }
 
 void FeedbackView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), m_palette.window);
-    paintHeader(painter, width(), m_palette);
-    auto rule = m_palette.accent;
-    rule.setAlphaF(ruleAlpha);
-    painter.fillRect(0, headerHeight, width(), ruleHeight, rule);
+    painter.fillRect(rect(), m_colours->window);
+    painter.fillRect(0, 0, width(), headerHeight, m_colours->card);
+    painter.fillRect(0, headerHeight, width(), ruleHeight, withAlpha(m_colours->accent, ruleAlpha));
 }
 
 void FeedbackView::resizeEvent(QResizeEvent*)
 {
-    m_overlay->setGeometry(contentRect());
-    if (m_form)
-        m_form->setGeometry(contentRect());
+    layOut();
 }
 
 } // namespace orrinvale

@@ -19,12 +19,11 @@ class FeedbackView final : public QWidget
     Q_OBJECT
 
 public:
-    FeedbackView(std::shared_ptr<FeedbackState> state, MainQueue& queue, Look look, FeedbackOverlay::Motion motion);
+    FeedbackView(std::shared_ptr<FeedbackState> state, MainQueue& queue, FeedbackOverlay::Motion motion);
 
     // Takes `form`, which gets all the room below the header.
     void setForm(QWidget* form);
-    void setLook(Look look);
-    FeedbackState::Overlay overlay() const { return m_state->overlay(); }
+    void applyTheme(Look look);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -32,13 +31,26 @@ protected:
 
 private:
     void stateChanged();
-    QRect contentRect() const;
+    void layOut();
 
     std::shared_ptr<FeedbackState> m_state;
-    FeedbackPalette m_palette;
+    const WindowPalette* m_colours;
+    TextLabel* m_product;
+    TextLabel* m_title;
     QWidget* m_form = nullptr;
     FeedbackOverlay* m_overlay;
     Cancellables m_cancellables;
 };
+
+// The frame around the view, which two programs give it.
+namespace feedbackFrame
+{
+inline const QString title = QStringLiteral("Feedback");
+inline constexpr QSize size(520, 640);
+inline constexpr QSize minimumSize(380, 420);
+// Everything but the button that minimizes.
+inline constexpr auto flags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                              Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint;
+} // namespace feedbackFrame
 
 } // namespace orrinvale

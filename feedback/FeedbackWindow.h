@@ -7,28 +7,28 @@
 namespace orrinvale
 {
 
-// The window "Feedback", centred when it first appears. The user closes it with its button or with Escape.
+// The window with the form, on the middle of the screen when it first appears. The user closes it with its button or
+// with Escape.
 class FeedbackWindow final : public QWidget
 {
     Q_OBJECT
 
 public:
-    FeedbackWindow(std::shared_ptr<FeedbackState> state, MainQueue& queue, Look look, FeedbackOverlay::Motion motion);
+    // Takes `view`.
+    FeedbackWindow(FeedbackView* view, Look look);
 
-    FeedbackView& view() { return *m_view; }
+    void applyTheme(Look look);
     // Shows it in front of everything, with the keyboard's focus.
     void bringForward();
 
-Q_SIGNALS:
-    void closed();
-
 protected:
-    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     FeedbackView* m_view;
+    Look m_look;
 };
 
 } // namespace orrinvale
