@@ -3,6 +3,7 @@
 #include "orrinvale/AppDelegate.h"
 
 #include "base/Fatal.h"
+#include "base/MainQueue.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/ApplicationInterface.h"
 #include "orrinvale/WakeEngine.h"
@@ -17,6 +18,8 @@ namespace
 
 const std::string activeIdentifier = "orrinvale.active";
 const std::string idleIdentifier = "orrinvale.idle";
+constexpr std::chrono::hours feedbackCheckInterval{1};
+constexpr auto daysUntilFeedback = 3;
 
 } // namespace
 
@@ -49,8 +52,11 @@ void AppDelegate::applicationDidFinishLaunching()
     wakeEngine().start();
     m_cancellables +=
         wakeEngine().state.observeOn(m_platform.mainQueue, [this](const WakeState& state) { stateChanged(state); });
-    if (!m_settings.hasSeenOnboarding.get())
+    m_showedOnboarding = !m_settings.hasSeenOnboarding.get();
+    if (m_showedOnboarding)
         m_interface.showOnboarding();
+    checkFeedback();
+    m_feedbackCheckTimer = m_platform.mainQueue.every(feedbackCheckInterval, [this] { checkFeedback(); });
 }
 
 void AppDelegate::stateChanged(const WakeState& state)
@@ -69,8 +75,19 @@ void AppDelegate::stateChanged(const WakeState& state)
     m_lastCategory = category;
 }
 
+void AppDelegate::checkFeedback()
+{
+    if (m_settings.hasShownFeedbackPrompt.get() || m_settings.daysSinceFirstLaunch() < daysUntilFeedback)
+        return;
+    if (m_showedOnboarding && !m_settings.hasSeenOnboarding.get())
+        return;
+    m_settings.hasShownFeedbackPrompt.set(true); // first, so that nothing makes the prompt appear twice
+    m_interface.showFeedback();
+}
+
 void AppDelegate::applicationWillTerminate()
 {
+    m_feedbackCheckTimer.cancel();
     m_cancellables.clear();
     if (m_wakeEngine)
         m_wakeEngine->stop();

@@ -38,6 +38,8 @@ public:
 
 private:
     void stateChanged(const WakeState& state);
+    // Asks for feedback, once ever, when the user has had the application for a while.
+    void checkFeedback();
 
     const Platform& m_platform;
     AppSettings& m_settings;
@@ -45,7 +47,9 @@ private:
     ApplicationInterface& m_interface;
     std::unique_ptr<WakeEngine> m_wakeEngine;
     StateCategory m_lastCategory = StateCategory::idle;
+    bool m_showedOnboarding = false;
     Cancellables m_cancellables;
+    Cancellable m_feedbackCheckTimer;
 };
 
 } // namespace orrinvale

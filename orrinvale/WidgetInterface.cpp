@@ -5,6 +5,7 @@
 #include "orrinvale/ActivityLogWindowController.h"
 #include "orrinvale/AppIconView.h"
 #include "orrinvale/AppSettings.h"
+#include "orrinvale/FeedbackWindowController.h"
 #include "orrinvale/MenuBarController.h"
 #include "orrinvale/OnboardingWindowController.h"
 #include "orrinvale/SettingsWindowController.h"
@@ -40,6 +41,12 @@ void WidgetInterface::showOnboarding()
     m_onboardingWindow->showWindow();
 }
 
+void WidgetInterface::showFeedback()
+{
+    m_feedbackWindow = std::make_unique<FeedbackWindowController>(m_settings, m_platform);
+    m_feedbackWindow->showWindow();
+}
+
 void WidgetInterface::showActivityLog(WakeEngine& engine)
 {
     if (!m_activityLogWindow)
@@ -53,8 +60,17 @@ void WidgetInterface::showSettings()
     if (!m_settingsWindow)
         m_settingsWindow = std::make_unique<SettingsWindowController>(
             m_settings, m_platform,
-            SettingsView::Surroundings{m_filePanels, [this](const auto& bundleID) { return new AppIconView(bundleID, m_platform, nullptr); }, {}});
+            SettingsView::Surroundings{
+                m_filePanels, [this](const auto& bundleID) { return new AppIconView(bundleID, m_platform, nullptr); },
+                [this] { openFeedback(); }});
     m_settingsWindow->showWindow();
+}
+
+// Closes the window that it opened before.
+void WidgetInterface::openFeedback()
+{
+    m_manualFeedbackWindow = std::make_unique<FeedbackWindowController>(m_settings, m_platform);
+    m_manualFeedbackWindow->showWindow();
 }
 
 void WidgetInterface::comeForward()

@@ -12,6 +12,7 @@ namespace orrinvale
 
 class ActivityLogWindowController;
 class AppSettings;
+class FeedbackWindowController;
 class FilePanels;
 class LocalCalendar;
 class MenuBarController;
@@ -31,12 +32,14 @@ public:
 
     void showStatusItem(WakeEngine& engine) override;
     void showOnboarding() override;
+    void showFeedback() override;
     // The user started the application again: whatever there is to see comes to the front.
     void comeForward();
 
 private:
     void showActivityLog(WakeEngine& engine);
     void showSettings();
+    void openFeedback();
 
     AppSettings& m_settings;
     const Platform& m_platform;
@@ -48,6 +51,8 @@ private:
     std::unique_ptr<ActivityLogWindowController> m_activityLogWindow;
     std::unique_ptr<SettingsWindowController> m_settingsWindow;
     std::unique_ptr<OnboardingWindowController> m_onboardingWindow;
+    std::unique_ptr<FeedbackWindowController> m_feedbackWindow;       // of the prompt
+    std::unique_ptr<FeedbackWindowController> m_manualFeedbackWindow; // from the settings
 };
 
 } // namespace orrinvale

@@ -23,6 +23,7 @@ class ModeSwitch final : public ApplicationInterface
 {
 public:
     void showOnboarding() override {}
+    void showFeedback() override {}
     void showStatusItem(WakeEngine& engine) override
     {
         QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [&engine] {

@@ -24,6 +24,7 @@ const std::string folder = "/home/anna/Downloads";
 struct NoInterface final : ApplicationInterface {
     void showStatusItem(WakeEngine&) override {}
     void showOnboarding() override {}
+    void showFeedback() override {}
 };
 
 // A fake machine with the whole logic on it, everything from memory.

@@ -15,7 +15,14 @@ namespace
 struct RecordingInterface final : ApplicationInterface {
     int items = 0;
     int onboardings = 0;
+    int feedbacks = 0;
+    std::function<void()> onFeedback = [] {};
     void showOnboarding() override { ++onboardings; }
+    void showFeedback() override
+    {
+        ++feedbacks;
+        onFeedback();
+    }
     void showStatusItem(WakeEngine& engine) override
     {
         ++items;
@@ -115,6 +122,83 @@ TEST_F(AppDelegateTest, TheTerminationFreesTheAssertionAndStopsEverything)
     EXPECT_EQ(time.timerCount(), 0u);
     delegate->applicationWillTerminate();
     EXPECT_EQ(fake.power.released.size(), 1u);
+}
+
+TEST_F(AppDelegateTest, FeedbackIsAskedForAtTheHourlyCheckAfterThreeDays)
+{
+    settings().hasSeenOnboarding.set(true);
+    launch();
+    time.advance(3 * 24h - 1h);
+    EXPECT_EQ(interface.feedbacks, 0);
+    time.advance(1h);
+    EXPECT_EQ(interface.feedbacks, 1);
+    EXPECT_TRUE(settings().hasShownFeedbackPrompt.get());
+    time.advance(24h);
+    EXPECT_EQ(interface.feedbacks, 1);
+}
+
+TEST_F(AppDelegateTest, FeedbackIsAskedForAtTheNextLaunchAfterThreeDays)
+{
+    settings().hasSeenOnboarding.set(true);
+    settings();
+    time.sleepMachineFor(3 * 24h);
+    launch();
+    EXPECT_EQ(interface.feedbacks, 1);
+}
+
+TEST_F(AppDelegateTest, FeedbackIsAskedForOnceEver)
+{
+    settings().hasSeenOnboarding.set(true);
+    time.sleepMachineFor(3 * 24h);
+    launch();
+    delegate->applicationWillTerminate();
+    launch();
+    EXPECT_EQ(interface.feedbacks, 1);
+}
+
+TEST_F(AppDelegateTest, TheMarkIsStoredBeforeAnythingIsShown)
+{
+    settings().hasSeenOnboarding.set(true);
+    time.sleepMachineFor(3 * 24h);
+    interface.onFeedback = [&] {
+        EXPECT_EQ(fake.defaults.object("orrinvale.hasShownFeedbackPrompt"), DefaultsValue(true));
+    };
+    launch();
+    EXPECT_EQ(interface.feedbacks, 1);
+}
+
+TEST_F(AppDelegateTest, FeedbackWaitsForTheOnboardingThatThisLaunchShows)
+{
+    settings();
+    time.sleepMachineFor(4 * 24h);
+    launch();
+    time.advance(5h);
+    EXPECT_EQ(interface.onboardings, 1);
+    EXPECT_EQ(interface.feedbacks, 0);
+    EXPECT_FALSE(settings().hasShownFeedbackPrompt.get());
+    settings().hasSeenOnboarding.set(true);
+    EXPECT_EQ(interface.feedbacks, 0);
+    time.advance(1h);
+    EXPECT_EQ(interface.feedbacks, 1);
+}
+
+TEST_F(AppDelegateTest, ASuspendedMachineChecksWithinAnHourOfUse)
+{
+    settings().hasSeenOnboarding.set(true);
+    launch();
+    time.sleepMachineFor(5 * 24h);
+    EXPECT_EQ(interface.feedbacks, 0);
+    time.advance(1h);
+    EXPECT_EQ(interface.feedbacks, 1);
+}
+
+TEST_F(AppDelegateTest, NothingIsAskedForAfterTheTermination)
+{
+    settings().hasSeenOnboarding.set(true);
+    launch();
+    delegate->applicationWillTerminate();
+    time.advance(4 * 24h);
+    EXPECT_EQ(interface.feedbacks, 0);
 }
 
 using AppDelegateDeathTest = AppDelegateTest;
