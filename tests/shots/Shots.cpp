@@ -4,6 +4,8 @@
 #include "orrinvale/ActivityLogWindowController.h"
 #include "orrinvale/AppIconView.h"
 #include "orrinvale/AppSettings.h"
+#include "orrinvale/FeedbackView.h"
+#include "orrinvale/FeedbackWindowController.h"
 #include "orrinvale/HeatmapView.h"
 #include "orrinvale/LocalCalendar.h"
 #include "orrinvale/OnboardingWindowController.h"
@@ -51,6 +53,7 @@ public:
         activityLog("rich");
         settings();
         onboarding();
+        feedback();
     }
 
 private:
@@ -136,6 +139,17 @@ private:
         OnboardingWindowController window(*m_settings, *m_platform);
         window.showWindow();
         save(window.window(), "onboarding");
+    }
+
+    void feedback()
+    {
+        FeedbackWindowController window(*m_settings, *m_platform, [] { return std::nullopt; });
+        window.showWindow();
+        save(window.window(), "feedback-failed");
+        FeedbackView loading(std::make_shared<FeedbackState>(), m_fake.time, FeedbackOverlay::Motion::still);
+        loading.applyTheme(lookOf(*m_settings));
+        loading.resize(feedbackFrame::size);
+        save(loading, "feedback-loading");
     }
 
     QString m_folder;
