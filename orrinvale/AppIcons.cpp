@@ -16,6 +16,7 @@ namespace
 {
 
 constexpr auto keptIcons = 64; // more than a list shows at a time
+constexpr auto symbolGrowth = 1.0 / 12; // on each side: symbols leave more room around them than icons do
 
 } // namespace
 
@@ -29,8 +30,11 @@ QPixmap appIconPixmap(const QString& icon, int size, qreal devicePixelRatio)
 
 void paintAppIcon(QPainter& painter, const QRectF& square, const QPixmap& pixmap, const QColor& colour)
 {
-    if (pixmap.isNull())
-        return paintSymbol(painter, QStringLiteral("app.fill"), square, colour);
+    if (pixmap.isNull()) {
+        const auto growth = square.width() * symbolGrowth;
+        return paintSymbol(painter, QStringLiteral("app.fill"), square.adjusted(-growth, -growth, growth, growth),
+                           colour);
+    }
     QRectF target({}, QSizeF(pixmap.size()).scaled(square.size(), Qt::KeepAspectRatio));
     target.moveCenter(square.center());
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
