@@ -147,6 +147,12 @@ void AppPickerSheet::keyPressEvent(QKeyEvent* event)
         m_list->enter();
 }
 
+void AppPickerSheet::hideEvent(QHideEvent* event)
+{
+    if (!event->spontaneous()) // a minimized window keeps it
+        m_picker.cancel();
+}
+
 std::vector<QWidget*> AppPickerSheet::focusStops() const
 {
     std::vector<QWidget*> stops{&m_search->line()};

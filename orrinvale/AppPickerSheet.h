@@ -14,7 +14,7 @@ class TextLabel;
 class WindowButton;
 
 // The sheet in which the user picks an application to watch and gives it a label. Made each time it is shown; the
-// keyboard stays in it until it is dismissed. Main thread.
+// keyboard stays in it until it is dismissed, which the end of its window does too. Main thread.
 class AppPickerSheet final : public Sheet
 {
     Q_OBJECT
@@ -41,6 +41,7 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     bool focusNextPrevChild(bool next) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     void buildControls();

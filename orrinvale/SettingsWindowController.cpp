@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/SettingsWindowController.h"
 
+#include "orrinvale/AppPickerSheet.h"
+#include "orrinvale/UserLocale.h"
+
 namespace orrinvale
 {
 
@@ -11,11 +14,33 @@ SettingsWindowController::SettingsWindowController(AppSettings& settings, const 
       m_view(new SettingsView(settings, platform, std::move(surroundings)))
 {
     setContent(m_view);
+    m_view->onAddApp = [this] { showAppPicker(); };
+}
+
+SettingsWindowController::~SettingsWindowController()
+{
+    delete m_appPicker; // else it would be dismissed by the end of the window, and call this
+}
+
+AppPickerSheet* SettingsWindowController::appPicker() const
+{
+    return m_appPicker;
+}
+
+void SettingsWindowController::showAppPicker()
+{
+    if (m_appPicker)
+        return;
+    m_appPicker = new AppPickerSheet(platform(), userCollationLocale(), look(), m_view);
+    m_appPicker->onAdd = [this](const CustomProcess& process) { m_view->addCustomProcess(process); };
+    m_appPicker->onDismiss = [this] { m_appPicker.clear(); };
 }
 
 void SettingsWindowController::applyTheme()
 {
     m_view->applyTheme(look());
+    if (m_appPicker)
+        m_appPicker->applyTheme(look());
 }
 
 } // namespace orrinvale

@@ -137,7 +137,7 @@ void Sheet::resizeEvent(QResizeEvent*)
 void Sheet::fade(Fade direction)
 {
     const auto isIn = direction == Fade::in;
-    if (m_platform.appearance.reducesMotion())
+    if (m_platform.appearance.reducesMotion() || !isVisible())
         return showFade(isIn ? fadeSteps : 0);
     setOpacity(double(m_fadeStep) / fadeSteps);
     m_fade = m_platform.mainQueue.every(fadeStep, [this, isIn] { showFade(m_fadeStep + (isIn ? 1 : -1)); });
