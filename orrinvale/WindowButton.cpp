@@ -117,19 +117,34 @@ void WindowButton::paintContent(QPainter& painter, const QRectF& shown) const
                      Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, accessibleName());
 }
 
-void WindowButton::paintEvent(QPaintEvent*)
+void WindowButton::paintShown(QPainter& painter) const
 {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     const QRectF shown = shownRect(*this);
-    painter.setOpacity(isEnabled() ? 1 : unusable);
+    painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(ground());
     painter.drawRoundedRect(shown, m_radius, m_radius);
     strokeInside(painter, shown, m_radius, 1, outline());
     paintContent(painter, shown);
+}
+
+void WindowButton::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    if (isEnabled()) {
+        paintShown(painter);
+    } else { // translucent as a whole, not part by part
+        QPixmap whole(size() * devicePixelRatioF());
+        whole.setDevicePixelRatio(devicePixelRatioF());
+        whole.fill(Qt::transparent);
+        QPainter opaque(&whole);
+        paintShown(opaque);
+        opaque.end();
+        painter.setOpacity(unusable);
+        painter.drawPixmap(0, 0, whole);
+    }
     if (showsFocusRing())
-        paintFocusRing(painter, shown, m_radius, m_colours.focusRing);
+        paintFocusRing(painter, QRectF(shownRect(*this)), m_radius, m_colours.focusRing);
 }
 
 } // namespace orrinvale

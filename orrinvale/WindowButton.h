@@ -44,6 +44,7 @@ protected:
 private:
     bool isThreatening() const { return m_isDangerous && isEnabled() && (isHovered() || isDown()); }
     QColor outline() const;
+    void paintShown(QPainter& painter) const;
     void paintContent(QPainter& painter, const QRectF& shown) const;
 
     Kind m_kind;

@@ -415,6 +415,19 @@ TEST_F(AppPickerSheetTest, PaintsRowsInTheirStates)
     }
 }
 
+TEST_F(AppPickerSheetTest, AddIsDrawnAtHalfOpacityWhileNothingIsChosen)
+{
+    openLoaded();
+    const auto& colours = WindowPalette::of(Look::light);
+    const auto inSheet = [this](int x, int y) { return pixel(sheet->cardRect().topLeft() + QPoint(x, y)); };
+    const auto half = bytes(blended(colours.card, withAlpha(colours.defaultButton, 0.5)));
+    for (const auto& inside : {QPoint(326, 424), QPoint(340, 420), QPoint(320, 434)}) // the border too
+        EXPECT_NEAR(inSheet(inside.x(), inside.y()).red(), half.red(), 1);
+    click(0);
+    EXPECT_EQ(inSheet(326, 424), colours.defaultButton);
+    EXPECT_EQ(inSheet(340, 420), colours.defaultButton);
+}
+
 TEST_F(AppPickerSheetTest, TheRowUnderThePointerIsLit)
 {
     openLoaded();
