@@ -1,0 +1,208 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The orrinvale developers
+# SPDX-License-Identifier: MIT
+"""The tray item and its popover under a real mouse and keyboard, in a real panel."""
+import json
+import os
+import subprocess
+import time
+import unittest
+
+from desktop import PROGRAM, DesktopTest, bed, inhibitors
+
+PANEL = 28     # its height; it lies along the upper edge of a screen of 1280 by 800
+ELSEWHERE = (200, 600)
+SIZE = (340, 700)
+SEGMENTS = {"Smart": (70, 386), "Always Awake": (170, 386), "Off": (270, 386)}  # in the popover
+QUIT = (170, 652)
+WATCHER = "org.kde.StatusNotifierWatcher"
+SAME_CLICK = 0.4  # so long a click after one elsewhere may be the same one
+
+
+def xdotool(*arguments):
+    return subprocess.run(["xdotool", *map(str, arguments)], capture_output=True, text=True).stdout
+
+
+class PopoverTest(DesktopTest):
+    def start(self, **settings):
+        self.choose(hasSeenOnboarding=True, notificationsEnabled=False, **settings)
+        xdotool("mousemove", *ELSEWHERE)
+        self.launch()
+        self.wait_for("tray item", self.resting_item)
+
+    def tray_item(self):
+        """The middle of what the panel shows at its right end; None while that is empty."""
+        width = 200
+        strip = subprocess.run(["import", "-window", "root", "-crop", f"{width}x{PANEL - 4}+{1280 - width}+2", "-depth", "8",
+                                "gray:-"], capture_output=True).stdout
+        inked = [x for x in range(width) if any(abs(grey - strip[0]) > 24 for grey in strip[x::width])]
+        return (1280 - width + (inked[0] + inked[-1]) // 2, PANEL // 2) if inked else None
+
+    def popover(self):
+        """The window as (x, y), or None while there is none."""
+        for window in xdotool("search", "--onlyvisible", "--name", "^orrinvale$").split():
+            lines = xdotool("getwindowgeometry", "--shell", window).split()
+            values = dict(line.split("=", 1) for line in lines)
+            if (int(values.get("WIDTH", 0)), int(values.get("HEIGHT", 0))) == SIZE:
+                return int(values["X"]), int(values["Y"])
+        return None
+
+    def click(self, place, button=1):
+        xdotool("mousemove", *place, "click", button)
+
+    def click_item(self, button=1):
+        self.click(self.tray_item(), button)
+
+    def resting_item(self):
+        """The same once it no longer moves: a starting panel arranges itself for a while."""
+        place = self.tray_item()
+        time.sleep(0.3)
+        return place if place == self.tray_item() else None
+
+    def call_item(self, method):
+        """What a tray host calls for a click; xfce4-panel keeps right clicks on items without a menu for itself."""
+        items = subprocess.run(["busctl", "--user", "--json=short", "get-property", WATCHER, "/StatusNotifierWatcher", WATCHER,
+                                "RegisteredStatusNotifierItems"], capture_output=True, text=True)
+        name, _, path = json.loads(items.stdout)["data"][0].partition("/")
+        subprocess.run(["busctl", "--user", "call", name, "/" + path, "org.kde.StatusNotifierItem", method, "ii", "0", "0"],
+                       check=True, capture_output=True)
+
+    def open(self):
+        self.click_item()
+        self.wait_for("popover", self.popover)
+        time.sleep(0.1)  # its first frame
+
+    def click_in_popover(self, place):
+        x, y = self.popover()
+        self.click((x + place[0], y + place[1]))
+
+    def assert_opens(self):
+        self.wait_for("popover", self.popover, 3)
+
+    def assert_stands_by_the_item(self):
+        x, y = self.popover()
+        self.assertEqual(x, 1280 - SIZE[0], "the item is too near to the edge for it to be centred")
+        self.assertTrue(PANEL <= y <= PANEL + 10, y)
+
+    def assert_closes(self):
+        self.wait_for("end of the popover", lambda: not self.popover(), 3)
+
+    def assert_stays_closed(self):
+        end = time.monotonic() + 0.6
+        while time.monotonic() < end:
+            self.assertIsNone(self.popover())
+            time.sleep(0.05)
+
+    def setting(self, name):
+        return json.loads(self.settings.read_text()).get("orrinvale." + name)
+
+
+class ClickTest(PopoverTest):
+    def test_a_click_opens_below_the_panel_and_the_second_one_closes_and_does_not_open_again(self):
+        self.start()
+        self.click_item()
+        self.assert_opens()
+        self.assert_stands_by_the_item()
+        self.click_item()
+        self.assert_closes()
+        self.assert_stays_closed()
+        self.click_item()
+        self.assert_opens()
+
+    def test_a_right_click_that_the_tray_passes_on_is_like_a_left_one(self):
+        self.start()
+        for shown in [True, False]:
+            self.call_item("ContextMenu")
+            (self.assert_opens if shown else self.assert_closes)()
+            time.sleep(SAME_CLICK)
+
+    def test_a_click_elsewhere_and_escape_close_it(self):
+        self.start()
+        self.open()
+        self.click(ELSEWHERE)
+        self.assert_closes()
+        time.sleep(SAME_CLICK)
+        self.open()
+        xdotool("key", "Escape")
+        self.assert_closes()
+        self.open()
+        self.click(ELSEWHERE, 3)
+        self.assert_closes()
+
+    def test_each_mode_changes_the_setting_and_the_inhibitor_at_once(self):
+        self.start()
+        self.open()
+        for mode, held in [("Always Awake", [("idle", "Manual mode")]), ("Off", []),
+                           ("Always Awake", [("idle", "Manual mode")])]:
+            self.click_in_popover(SEGMENTS[mode])
+            self.wait_for("inhibitor", lambda: inhibitors() == held, 1)
+            self.wait_for("setting", lambda: self.setting("wakeMode") == mode, 1)
+        self.assertIsNotNone(self.popover())
+        self.click_in_popover(SEGMENTS["Smart"])
+        self.wait_for("setting", lambda: self.setting("wakeMode") == "Smart", 1)
+
+    def test_keys_alone_choose_a_mode_and_quit(self):
+        self.start()
+        self.open()
+        xdotool("key", "Right")
+        self.wait_for("inhibitor", lambda: inhibitors() == [("idle", "Manual mode")], 1)
+        self.assertEqual(self.setting("wakeMode"), "Always Awake")
+        xdotool("key", "Tab", "Tab", "Tab", "Return")
+        self.assertEqual(self.program.wait(5), 0)
+        self.assertEqual(inhibitors(), [])
+
+    def test_quit_frees_the_inhibitor_and_ends_with_status_0(self):
+        self.start(wakeMode="Always Awake")
+        self.wait_for("inhibitor", inhibitors)
+        self.open()
+        self.click_in_popover(QUIT)
+        self.assertEqual(self.program.wait(5), 0)
+        self.assertEqual(inhibitors(), [])
+
+
+class TrayTest(PopoverTest):
+    def test_a_panel_that_starts_after_us_and_one_that_starts_again_show_the_item(self):
+        bed("stop", "xfce-panel")
+        self.choose(hasSeenOnboarding=True, notificationsEnabled=False)
+        self.launch()
+        self.stays_up(5)
+        for _ in range(2):
+            bed("start", "xfce-panel")
+            xdotool("mousemove", *ELSEWHERE)
+            self.wait_for("tray item", self.resting_item)
+            self.click_item()
+            self.assert_opens()
+            self.click_item()
+            self.assert_closes()
+            bed("stop", "xfce-panel")
+        bed("start", "xfce-panel")
+
+    def test_without_any_tray_a_second_start_shows_the_popover(self):
+        bed("stop", "xfce-panel")
+        self.choose(hasSeenOnboarding=True, notificationsEnabled=False)
+        self.launch()
+        self.assertIsNone(self.popover())
+        self.assertEqual(subprocess.run([PROGRAM], timeout=5).returncode, 0)
+        self.assert_opens()
+        xdotool("key", "Escape")
+        self.assert_closes()
+        bed("start", "xfce-panel")
+
+    def test_a_tray_of_the_older_protocol_passes_on_both_clicks(self):
+        bus = os.environ.pop("DBUS_SESSION_BUS_ADDRESS")
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=/nonexistent"
+        try:
+            self.start()
+        finally:
+            os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus
+        for button in [1, 3]:
+            self.click_item(button)
+            self.assert_opens()
+            self.assert_stands_by_the_item()
+            self.click_item(button)
+            self.assert_closes()
+            self.assert_stays_closed()
+
+
+if __name__ == "__main__":
+    unittest.main()
