@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/WidgetInterface.h"
 
+#include "orrinvale/Accessibility.h"
 #include "orrinvale/ActivityLogWindowController.h"
 #include "orrinvale/AppIconView.h"
 #include "orrinvale/AppSettings.h"
@@ -22,6 +23,7 @@ WidgetInterface::WidgetInterface(AppSettings& settings, const Platform& platform
     : m_settings(settings), m_platform(platform), m_calendar(calendar), m_filePanels(filePanels),
       m_quit(std::move(quit))
 {
+    installAccessibility();
 }
 
 WidgetInterface::~WidgetInterface() = default;

@@ -310,6 +310,7 @@ TEST_F(ModeToggleControlTest, TellsAssistiveTechnologyOfRadioButtons)
 {
     control.select(1);
     EXPECT_EQ(accessible(control).text(QAccessible::Name), QStringLiteral("Mode"));
+    EXPECT_EQ(accessible(control).role(), QAccessible::Grouping);
     for (int i = 0; i < 3; ++i) {
         auto& button = accessible(segment(i));
         EXPECT_EQ(button.text(QAccessible::Name), titles[i]);

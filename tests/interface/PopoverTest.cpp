@@ -4,6 +4,7 @@
 
 #include "tests/interface/InterfaceFixture.h"
 
+#include <QAccessible>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -233,6 +234,29 @@ TEST_F(PopoverTest, ItsContentHasTheFocusFromTheStartWithoutSayingSo)
     popover().showAt({});
     ASSERT_TRUE(QTest::qWaitForWindowActive(&popover()));
     EXPECT_EQ(QApplication::focusWidget(), button);
+}
+
+TEST_F(PopoverTest, AssistiveTechnologyFindsItAmongTheWindowsWhileItIsOpen)
+{
+    auto* application = QAccessible::queryAccessibleInterface(qApp);
+    const auto others = application->childCount();
+    open();
+    ASSERT_EQ(application->childCount(), others + 1);
+    auto* window = application->child(others);
+    EXPECT_EQ(window->object(), &popover());
+    EXPECT_EQ(application->indexOfChild(window), others);
+    EXPECT_EQ(window->parent(), application);
+    popover().closeByOwner();
+    EXPECT_EQ(application->childCount(), others);
+    EXPECT_EQ(application->child(others), nullptr);
+}
+
+TEST_F(PopoverTest, IsADialogToAssistiveTechnology)
+{
+    open();
+    auto* accessible = QAccessible::queryAccessibleInterface(&popover());
+    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("orrinvale"));
+    EXPECT_EQ(accessible->role(), QAccessible::Dialog);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
+#include "orrinvale/Accessibility.h"
+
 #include <QApplication>
 #include <QFont>
 #include <QTemporaryDir>
@@ -55,5 +57,6 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setFont(usualFont());
+    orrinvale::installAccessibility();
     return RUN_ALL_TESTS();
 }
