@@ -3,10 +3,13 @@
 #include "orrinvale/FeedbackWindowController.h"
 
 #include "base/MainQueue.h"
-#include "orrinvale/FeedbackView.h"
+#include "orrinvale/AppSettings.h"
+#include "orrinvale/FeedbackFailureWindow.h"
 #include "orrinvale/InstalledFiles.h"
 #include "platform/Appearance.h"
 #include "platform/Platform.h"
+
+#include <QWidget>
 
 namespace orrinvale
 {
@@ -19,19 +22,6 @@ using namespace std::chrono_literals;
 // A program that has shown no window by then never will.
 constexpr auto startLimit = 12s;
 
-FeedbackOverlay::Motion motionOf(const Platform& platform)
-{
-    return platform.appearance.reducesMotion() ? FeedbackOverlay::Motion::still : FeedbackOverlay::Motion::moving;
-}
-
-std::shared_ptr<FeedbackState> failedState()
-{
-    auto state = std::make_shared<FeedbackState>();
-    state->loadFailed.set(true);
-    state->isLoading.set(false);
-    return state;
-}
-
 } // namespace
 
 std::optional<QString> FeedbackWindowController::findProgram()
@@ -40,40 +30,40 @@ std::optional<QString> FeedbackWindowController::findProgram()
 }
 
 FeedbackWindowController::FeedbackWindowController(AppSettings& settings, const Platform& platform, FindProgram find)
-    : WindowController(settings, platform, {feedbackFrame::title, feedbackFrame::size, feedbackFrame::minimumSize}),
-      m_find(std::move(find)), m_state(failedState()),
-      m_view(new FeedbackView(m_state, platform.mainQueue, motionOf(platform)))
+    : m_settings(settings), m_platform(platform), m_find(std::move(find))
 {
-    window().setWindowFlags(feedbackFrame::flags);
-    setContent(m_view);
+    m_cancellables += platform.appearance.observeChanges([this] { tellLook(); });
+    m_cancellables += settings.appTheme.observeOn(
+        platform.mainQueue, [this](AppTheme) { tellLook(); }, Deliver::ChangesOnly);
 }
 
 FeedbackWindowController::~FeedbackWindowController() = default;
+
+QWidget* FeedbackWindowController::failureWindow() const
+{
+    return m_failureWindow ? &m_failureWindow->window() : nullptr;
+}
 
 void FeedbackWindowController::showWindow()
 {
     if (m_program)
         return m_program->raise();
-    const auto path = window().isVisible() ? std::nullopt : m_find();
+    const auto isFailureShown = m_failureWindow && m_failureWindow->window().isVisible();
+    const auto path = isFailureShown ? std::nullopt : m_find();
     if (path)
         start(*path);
     else
         showFailure();
 }
 
-void FeedbackWindowController::applyTheme()
-{
-    m_view->applyTheme(look());
-    if (m_program)
-        m_program->applyTheme(look());
-}
-
 void FeedbackWindowController::start(const QString& path)
 {
-    m_program = std::make_unique<FeedbackProgram>(path, look(), motionOf(platform()));
+    const auto motion =
+        m_platform.appearance.reducesMotion() ? FeedbackOverlay::Motion::still : FeedbackOverlay::Motion::moving;
+    m_program = std::make_unique<FeedbackProgram>(path, lookOf(m_settings), motion);
     connect(m_program.get(), &FeedbackProgram::shown, this, [this] { m_startLimit.cancel(); });
     connect(m_program.get(), &FeedbackProgram::ended, this, &FeedbackWindowController::ended);
-    m_startLimit = platform().mainQueue.after(startLimit, [this] { ended(FeedbackProgram::Ending::Failed); });
+    m_startLimit = m_platform.mainQueue.after(startLimit, [this] { ended(FeedbackProgram::Ending::Failed); });
 }
 
 void FeedbackWindowController::ended(FeedbackProgram::Ending ending)
@@ -87,7 +77,16 @@ void FeedbackWindowController::ended(FeedbackProgram::Ending ending)
 
 void FeedbackWindowController::showFailure()
 {
-    WindowController::showWindow();
+    // Only now: its fonts are memory that most users never need.
+    if (!m_failureWindow)
+        m_failureWindow = std::make_unique<FeedbackFailureWindow>(m_settings, m_platform);
+    m_failureWindow->showWindow();
+}
+
+void FeedbackWindowController::tellLook()
+{
+    if (m_program)
+        m_program->applyTheme(lookOf(m_settings));
 }
 
 } // namespace orrinvale

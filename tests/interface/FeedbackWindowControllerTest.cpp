@@ -55,7 +55,7 @@ struct FeedbackWindowControllerTest : InterfaceFixture {
     }
     bool hasStarted() const { return text("arguments").ends_with('\n'); }
     bool isAlive(pid_t process) const { return ::kill(process, 0) == 0; }
-    bool isFailureShown() const { return controller->window().isVisible(); }
+    bool isFailureShown() const { return controller->failureWindow() && controller->failureWindow()->isVisible(); }
 
     TemporaryFolder folder;
     std::optional<QString> program;
@@ -72,7 +72,7 @@ TEST_F(FeedbackWindowControllerTest, TheProgramShowsTheWindowAndOursStaysHidden)
     ASSERT_TRUE(waitFor([&] { return time.timerCount() == timers; }));
     time.advance(1min);
     EXPECT_TRUE(controller->isProgramRunning());
-    EXPECT_FALSE(isFailureShown());
+    EXPECT_EQ(controller->failureWindow(), nullptr);
     EXPECT_EQ(text("arguments"), "--look light\n");
 }
 
@@ -129,7 +129,7 @@ TEST_F(FeedbackWindowControllerTest, WithoutTheProgramOurWindowSaysThatItFailed)
     EXPECT_TRUE(isFailureShown());
     EXPECT_FALSE(controller->isProgramRunning());
     QStringList texts;
-    for (const auto* label : controller->window().findChildren<TextLabel*>())
+    for (const auto* label : controller->failureWindow()->findChildren<TextLabel*>())
         texts += label->text();
     EXPECT_EQ(texts.join(u'|'), QStringLiteral("orrinvale|Send Feedback|Couldn't load the survey.\n"
                                                "Check your internet connection."));
@@ -184,7 +184,7 @@ TEST_F(FeedbackWindowControllerTest, TheFailureIsBroughtForwardAndTriedAgainOnce
     controller->showWindow();
     EXPECT_TRUE(isFailureShown());
     EXPECT_EQ(searches, 1);
-    controller->window().close();
+    controller->failureWindow()->close();
     controller->showWindow();
     EXPECT_FALSE(isFailureShown());
     EXPECT_TRUE(controller->isProgramRunning());
@@ -229,7 +229,7 @@ TEST_F(FeedbackWindowControllerTest, DroppingItRightAfterTheStartIsSafe)
 TEST_F(FeedbackWindowControllerTest, OurWindowHasTheFrameOfTheOther)
 {
     controller->showWindow();
-    const auto& window = controller->window();
+    const auto& window = *controller->failureWindow();
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Feedback"));
     EXPECT_EQ(window.size(), QSize(520, 640));
     EXPECT_EQ(window.minimumSize(), QSize(380, 420));

@@ -4,8 +4,8 @@
 #include "orrinvale/ActivityLogWindowController.h"
 #include "orrinvale/AppIconView.h"
 #include "orrinvale/AppSettings.h"
+#include "orrinvale/FeedbackFailureWindow.h"
 #include "orrinvale/FeedbackView.h"
-#include "orrinvale/FeedbackWindowController.h"
 #include "orrinvale/HeatmapView.h"
 #include "orrinvale/LocalCalendar.h"
 #include "orrinvale/OnboardingWindowController.h"
@@ -143,7 +143,7 @@ private:
 
     void feedback()
     {
-        FeedbackWindowController window(*m_settings, *m_platform, [] { return std::nullopt; });
+        FeedbackFailureWindow window(*m_settings, *m_platform);
         window.showWindow();
         save(window.window(), "feedback-failed");
         FeedbackView loading(std::make_shared<FeedbackState>(), m_fake.time, FeedbackOverlay::Motion::still);
