@@ -3,6 +3,8 @@
 #include "orrinvale/ActivityLogView.h"
 #include "orrinvale/ActivityLogWindowController.h"
 #include "orrinvale/AppIconView.h"
+#include "orrinvale/AppPickerList.h"
+#include "orrinvale/AppPickerSheet.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/FeedbackFailureWindow.h"
 #include "orrinvale/FeedbackView.h"
@@ -12,6 +14,7 @@
 #include "orrinvale/Popover.h"
 #include "orrinvale/SettingsWindowController.h"
 #include "orrinvale/StatusPopoverViewController.h"
+#include "orrinvale/TextField.h"
 #include "orrinvale/WakeEngine.h"
 #include "platform/fake/FakeFilePanels.h"
 #include "platform/fake/FakePlatform.h"
@@ -19,7 +22,10 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QLineEdit>
+#include <QPainter>
 #include <QPixmap>
+#include <QTemporaryDir>
 #include <QTemporaryFile>
 #include <QThread>
 
@@ -52,6 +58,7 @@ public:
         m_engine->appUsageTracker().days.set(madeUpUsage(m_calendar));
         activityLog("rich");
         settings();
+        appPicker();
         onboarding();
         feedback();
     }
@@ -117,8 +124,9 @@ private:
 
     void settings()
     {
-        SettingsWindowController window(*m_settings, *m_platform,
-                                        {m_panels, [this](const auto& id) { return new AppIconView(id, *m_platform, nullptr); }, {}});
+        SettingsWindowController window(
+            *m_settings, *m_platform,
+            {m_panels, [this](const auto& id) { return new AppIconView(id, *m_platform, nullptr); }, {}});
         window.showWindow();
         save(window.window(), "settings");
         window.window().resize(540, 1426);
@@ -132,6 +140,57 @@ private:
         window.window().resize(window.window().minimumSize());
         save(window.window(), "settings-smallest");
         m_settings->customProcesses.set({});
+    }
+
+    // A made-up icon: the first letter of the name.
+    std::string icon(const QString& name) const
+    {
+        QPixmap pixmap(96, 96);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor::fromHsv(name.at(0).unicode() * 47 % 360, 150, 200));
+        painter.drawRoundedRect(4, 4, 88, 88, 20, 20);
+        QFont font(QStringLiteral("Inter"));
+        font.setPixelSize(56);
+        painter.setFont(font);
+        painter.setPen(Qt::white);
+        painter.drawText(pixmap.rect(), Qt::AlignCenter, name.left(1));
+        painter.end();
+        const auto file = m_icons.filePath(name.left(1) + QStringLiteral(".png"));
+        pixmap.save(file);
+        return file.toStdString();
+    }
+
+    void appPicker()
+    {
+        for (const auto* name :
+             {"Blender", "Camera Roll", "Dictionary", "File Manager", "HandBrake", "Inkscape", "Kdenlive", "Mail",
+              "Terminal", "A Very Long Name That No List of This Width Can Show"})
+            m_fake.installed.list.push_back({name, name, "/applications", icon(QString::fromUtf8(name))});
+        m_fake.installed.install("org.example.HandyNotes", "Handy Notes");
+        m_fake.appearance.motionIsReduced = true; // no picture of a sheet that is fading in
+        SettingsWindowController window(*m_settings, *m_platform,
+                                        {m_panels, [](const auto&) { return new QWidget; }, {}});
+        window.showWindow();
+        window.view().onAddApp();
+        save(window.window(), "picker-loading");
+        settle();
+        save(window.window(), "picker-none");
+        auto& picker = *window.appPicker();
+        picker.list().onChoose(5);
+        settle();
+        save(window.window(), "picker");
+        picker.searchField().line().setText(QStringLiteral("hand"));
+        settle();
+        save(window.window(), "picker-search");
+        picker.searchField().line().clear();
+        picker.labelField().line().clear();
+        window.window().resize(window.window().minimumSize());
+        picker.list().enter();
+        settle();
+        save(window.window(), "picker-smallest");
     }
 
     void onboarding()
@@ -153,6 +212,7 @@ private:
     }
 
     QString m_folder;
+    QTemporaryDir m_icons;
     AppTheme m_theme;
     FakePlatform m_fake;
     FakeFilePanels m_panels;
