@@ -29,7 +29,6 @@ constexpr auto symbolPoints = 16.0;
 constexpr auto badgeToText = 12;
 constexpr auto dotSize = 5.0;
 constexpr auto dotSpacing = 4.0;
-constexpr auto dotsTop = 14.0;
 constexpr auto otherDotsAlpha = 0.35;
 constexpr auto categoryToTime = 8;
 
@@ -205,10 +204,11 @@ std::vector<QRectF> ReasonCardView::pageDots() const
     const auto count = m_activeSignals.size();
     if (count < 2)
         return {};
+    const auto top = topInset + std::round((12 * m_scale - dotSize) / 2); // by the middle of the header
     auto left = width() - inset - (static_cast<double>(count) * (dotSize + dotSpacing) - dotSpacing);
     std::vector<QRectF> dots;
     for (std::size_t i = 0; i < count; ++i, left += dotSize + dotSpacing)
-        dots.emplace_back(left, dotsTop, dotSize, dotSize);
+        dots.emplace_back(left, top, dotSize, dotSize);
     return dots;
 }
 

@@ -253,6 +253,7 @@ void StatusPopoverViewController::layOut()
     m_headerSymbol->setGeometry(layout.headerSymbol);
     m_titleLabel->setGeometry(layout.title);
     m_statusDot->setGeometry(layout.dot);
+    m_statusDot->setCornerRadius(layout.dot.width() / 2.0);
     m_subtitleLabel->setGeometry(layout.subtitle);
     m_illustrationView->setGeometry(layout.illustration);
     m_tagline->setGeometry(layout.tagline);

@@ -35,6 +35,12 @@ void SymbolBadge::setSymbolPoints(double points)
     update();
 }
 
+void SymbolBadge::setCornerRadius(double radius)
+{
+    m_cornerRadius = radius;
+    update();
+}
+
 void SymbolBadge::setOpacity(double opacity)
 {
     m_opacity = opacity;

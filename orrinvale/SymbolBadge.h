@@ -21,6 +21,7 @@ public:
     void setSymbol(const QString& name);
     void setColours(const QColor& ground, const QColor& symbol);
     void setSymbolPoints(double points);
+    void setCornerRadius(double radius);
     void setOpacity(double opacity);
     QString symbol() const { return m_symbol; }
     QColor ground() const { return m_ground; }

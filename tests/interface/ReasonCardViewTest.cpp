@@ -378,6 +378,19 @@ TEST_F(ReasonCardViewTest, DotsAreFiveWideFourApartAndEndAtTheRightEdge)
     EXPECT_FALSE(card->headerLabel().geometry().intersects(QRect(263, 14, 23, 5)));
 }
 
+TEST_F(ReasonCardViewTest, DotsStayByTheMiddleOfTheHeaderInLargerText)
+{
+    showThree();
+    for (const auto scale : {1.0, 1.25, 1.5}) {
+        card->setScale(scale);
+        const auto header = QRectF(card->headerLabel().geometry());
+        for (const auto& dot : card->pageDots()) {
+            EXPECT_NEAR(dot.center().y(), header.center().y(), 0.5) << scale;
+            EXPECT_EQ(dot.top(), std::round(dot.top())) << "on whole pixels";
+        }
+    }
+}
+
 TEST_F(ReasonCardViewTest, TheDotOfThePageIsLit)
 {
     showThree();

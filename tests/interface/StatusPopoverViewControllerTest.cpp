@@ -305,6 +305,19 @@ TEST_F(StatusPopoverViewControllerTest, EveryTextFitsItsPlaceAtEveryTextScale)
     }
 }
 
+TEST_F(StatusPopoverViewControllerTest, TheDotIsRoundAtEveryTextScale)
+{
+    for (const auto pixels : {13, 17, 20}) {
+        auto font = QApplication::font();
+        font.setPixelSize(pixels);
+        QApplication::setFont(font);
+        open();
+        auto& dot = content().statusDot();
+        EXPECT_EQ(dot.width(), dot.height());
+        EXPECT_EQ(dot.cornerRadius(), dot.width() / 2.0);
+    }
+}
+
 TEST_F(StatusPopoverViewControllerTest, NothingOverlapsInLargerText)
 {
     auto font = QApplication::font();
