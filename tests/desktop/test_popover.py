@@ -59,13 +59,18 @@ class PopoverTest(DesktopTest):
         time.sleep(0.3)
         return place if place == self.tray_item() else None
 
-    def call_item(self, method):
-        """What a tray host calls for a click; xfce4-panel keeps right clicks on items without a menu for itself."""
-        items = subprocess.run(["busctl", "--user", "--json=short", "get-property", WATCHER, "/StatusNotifierWatcher", WATCHER,
-                                "RegisteredStatusNotifierItems"], capture_output=True, text=True)
-        name, _, path = json.loads(items.stdout)["data"][0].partition("/")
-        subprocess.run(["busctl", "--user", "call", name, "/" + path, "org.kde.StatusNotifierItem", method, "ii", "0", "0"],
-                       check=True, capture_output=True)
+    def item(self):
+        """Service and path of our item, as its host knows it."""
+        name, _, path = self.on_bus("get-property", WATCHER, "/StatusNotifierWatcher", WATCHER,
+                                    "RegisteredStatusNotifierItems")[0].partition("/")
+        return name, "/" + path, "org.kde.StatusNotifierItem"
+
+    def on_bus(self, *arguments):
+        reply = subprocess.run(["busctl", "--user", "--json=short", *arguments], check=True, capture_output=True, text=True)
+        return json.loads(reply.stdout)["data"] if reply.stdout else None
+
+    def shown_by_item(self, name):
+        return self.on_bus("get-property", *self.item(), name)
 
     def open(self):
         self.click_item()
@@ -112,9 +117,19 @@ class ClickTest(PopoverTest):
     def test_a_right_click_that_the_tray_passes_on_is_like_a_left_one(self):
         self.start()
         for shown in [True, False]:
-            self.call_item("ContextMenu")
+            # xfce4-panel keeps right clicks on items without a menu for itself; others make this call.
+            self.on_bus("call", *self.item(), "ContextMenu", "ii", "0", "0")
             (self.assert_opens if shown else self.assert_closes)()
             time.sleep(SAME_CLICK)
+
+    def test_the_item_tells_the_state_in_its_tooltip_and_its_picture(self):
+        self.start()
+        self.assertIn("Idle: System may sleep normally", self.shown_by_item("ToolTip"))
+        asleep = self.shown_by_item("IconPixmap")
+        self.download("R&D <b>.part")
+        escaped = "Awake: Downloading R&amp;D &lt;b&gt;.part"
+        self.wait_for("tooltip", lambda: escaped in self.shown_by_item("ToolTip"), 3)
+        self.assertNotEqual(self.shown_by_item("IconPixmap"), asleep)
 
     def test_a_click_elsewhere_and_escape_close_it(self):
         self.start()
