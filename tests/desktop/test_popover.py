@@ -33,17 +33,17 @@ class PopoverTest(DesktopTest):
     def tray_item(self):
         """The middle of what the panel shows at its right end; None while that is empty."""
         width = 200
-        strip = subprocess.run(["import", "-window", "root", "-crop", f"{width}x{PANEL - 4}+{1280 - width}+2", "-depth", "8",
-                                "gray:-"], capture_output=True).stdout
+        strip = subprocess.run(["import", "-window", "root", "-crop", f"{width}x{PANEL - 4}+{1280 - width}+2",
+                                "-depth", "8", "gray:-"], capture_output=True).stdout
         inked = [x for x in range(width) if any(abs(grey - strip[0]) > 24 for grey in strip[x::width])]
         return (1280 - width + (inked[0] + inked[-1]) // 2, PANEL // 2) if inked else None
 
-    def popover(self):
-        """The window as (x, y), or None while there is none."""
+    def popover(self, size=SIZE):
+        """Where the window of that size is, or None while there is none."""
         for window in xdotool("search", "--onlyvisible", "--name", "^orrinvale$").split():
             lines = xdotool("getwindowgeometry", "--shell", window).split()
             values = dict(line.split("=", 1) for line in lines)
-            if (int(values.get("WIDTH", 0)), int(values.get("HEIGHT", 0))) == SIZE:
+            if (int(values.get("WIDTH", 0)), int(values.get("HEIGHT", 0))) == size:
                 return int(values["X"]), int(values["Y"])
         return None
 
@@ -66,7 +66,8 @@ class PopoverTest(DesktopTest):
         return name, "/" + path, "org.kde.StatusNotifierItem"
 
     def on_bus(self, *arguments):
-        reply = subprocess.run(["busctl", "--user", "--json=short", *arguments], check=True, capture_output=True, text=True)
+        reply = subprocess.run(["busctl", "--user", "--json=short", *arguments], check=True, capture_output=True,
+                               text=True)
         return json.loads(reply.stdout)["data"] if reply.stdout else None
 
     def shown_by_item(self, name):
@@ -217,6 +218,49 @@ class TrayTest(PopoverTest):
             self.click_item(button)
             self.assert_closes()
             self.assert_stays_closed()
+
+
+class LowScreenTest(PopoverTest):
+    size = (SIZE[0], 600 - 2 * 8)
+
+    def setUp(self):
+        super().setUp()
+        self.display = os.environ["DISPLAY"]
+        read, write = os.pipe()
+        self.screen = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1024x600x24", "-nolisten",
+                                        "tcp", "-noreset"], pass_fds=[write], stderr=subprocess.DEVNULL)
+        os.close(write)
+        with os.fdopen(read) as number:
+            os.environ["DISPLAY"] = ":" + number.readline().strip()
+
+    def tearDown(self):
+        super().tearDown()
+        os.environ["DISPLAY"] = self.display
+        self.screen.terminate()
+        self.screen.wait()
+
+    def open(self):
+        self.choose(hasSeenOnboarding=True, notificationsEnabled=False)
+        self.launch()
+        self.assertEqual(subprocess.run([PROGRAM], timeout=5).returncode, 0)
+        self.wait_for("popover", lambda: self.popover(self.size), 3)
+        time.sleep(0.1)
+
+    def test_it_is_as_high_as_the_screen_allows_and_scrolls_to_the_rest(self):
+        self.open()
+        x, y = self.popover(self.size)
+        self.assertEqual((x, y), (1024 - 8 - SIZE[0], 8))
+        xdotool("mousemove", x + 170, y + 300, "click", "--repeat", 10, "--delay", 20, 5)
+        self.click((x + 170, y + self.size[1] - 40))
+        self.assertEqual(self.program.wait(5), 0)
+
+    def test_what_the_keyboard_reaches_comes_into_view(self):
+        self.open()
+        x, y = self.popover(self.size)
+        xdotool("key", "Tab", "Tab", "Tab")
+        time.sleep(0.2)
+        self.click((x + 170, y + self.size[1] - 50))  # on the last row, 20 above the edge
+        self.assertEqual(self.program.wait(5), 0)
 
 
 if __name__ == "__main__":
