@@ -4,6 +4,7 @@
 
 #include <QRectF>
 
+class QColor;
 class QPainter;
 class QWidget;
 
