@@ -16,8 +16,13 @@ struct RecordingInterface final : ApplicationInterface {
     int items = 0;
     int onboardings = 0;
     int feedbacks = 0;
+    std::function<void()> onOnboarding = [] {};
     std::function<void()> onFeedback = [] {};
-    void showOnboarding() override { ++onboardings; }
+    void showOnboarding() override
+    {
+        ++onboardings;
+        onOnboarding();
+    }
     void showFeedback() override
     {
         ++feedbacks;
@@ -65,6 +70,33 @@ TEST_F(AppDelegateTest, TheLaunchAsksForAuthorizationAppliesTheThemeAndShowsTheI
     EXPECT_THAT(fake.appearance.applied, ElementsAre(AppearanceChoice::Light));
     EXPECT_EQ(interface.items, 1);
     EXPECT_THAT(fake.notifications.calls, IsEmpty());
+}
+
+TEST_F(AppDelegateTest, OnboardingIsShownWhileItHasNotBeenSeen)
+{
+    launch();
+    EXPECT_EQ(interface.onboardings, 1);
+    EXPECT_FALSE(settings().hasSeenOnboarding.get());
+    delegate->applicationWillTerminate();
+    launch();
+    EXPECT_EQ(interface.onboardings, 2);
+}
+
+TEST_F(AppDelegateTest, OnboardingThatWasSeenIsNotShownAgain)
+{
+    settings().hasSeenOnboarding.set(true);
+    launch();
+    EXPECT_EQ(interface.onboardings, 0);
+}
+
+TEST_F(AppDelegateTest, OnboardingComesAfterTheItemAndTheEnginesStart)
+{
+    interface.onOnboarding = [this] {
+        EXPECT_EQ(interface.items, 1);
+        EXPECT_GT(time.timerCount(), 0u);
+    };
+    launch();
+    EXPECT_EQ(interface.onboardings, 1);
 }
 
 TEST_F(AppDelegateTest, BecomingAwakePostsTheReason)
