@@ -45,11 +45,13 @@ protected:
             close();
     }
 
-    void changeEvent(QEvent* event) override
+    // changeEvent() is not called for it.
+    bool event(QEvent* event) override
     {
-        QWidget::changeEvent(event);
+        const auto isHandled = QWidget::event(event);
         if (event->type() == QEvent::ApplicationFontChange && content)
             m_owner.restyle();
+        return isHandled;
     }
 
 private:

@@ -37,6 +37,8 @@ inline void PrintTo(const WakeState& state, std::ostream* out)
 {
     *out << state.statusText();
 }
+// Names how many pixels the process draws for each logical one, when not one.
+inline constexpr auto scaleVariable = "ORRINVALE_TEST_SCALE";
 
 // Widgets on a fake machine in virtual time. Qt's own events run only where a test says so.
 struct InterfaceFixture : LogicFixture {
@@ -93,7 +95,7 @@ inline void pointAway(QWidget& widget)
     QApplication::sendEvent(&widget, &event);
 }
 
-// As it is painted, one pixel for each logical one.
+// As it is painted, in the pixels of the process's scale.
 inline QImage picture(QWidget& widget)
 {
     return widget.grab().toImage().convertToFormat(QImage::Format_ARGB32);

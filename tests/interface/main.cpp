@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
 #include "orrinvale/Accessibility.h"
+#include "tests/interface/InterfaceFixture.h"
 
 #include <QApplication>
 #include <QFont>
@@ -25,6 +26,8 @@ void makePrivate(const QString& folder)
                              "XDG_CURRENT_DESKTOP"})
         qunsetenv(name);
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (qEnvironmentVariableIsSet(orrinvale::scaleVariable))
+        qputenv("QT_SCALE_FACTOR", qgetenv(orrinvale::scaleVariable));
 }
 
 // The size at which the interface is drawn 1 : 1.
