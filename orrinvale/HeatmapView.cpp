@@ -136,9 +136,9 @@ void HeatmapView::selectDay(Instant date)
 
 const HeatmapCell* HeatmapView::cellAt(const QPointF& position) const
 {
-    const Point point{position.x(), height() - position.y()};
+    // Turned over, so that a pixel belongs to the cell that is painted on it.
     for (const auto& cell : m_cellRects) {
-        if (cell.rect.contains(point))
+        if (cell.rect.flipped(height()).contains({position.x(), position.y()}))
             return &cell;
     }
     return nullptr;

@@ -43,7 +43,8 @@ bool HourBarChartView::event(QEvent* event)
     if (event->type() != QEvent::ToolTip)
         return QWidget::event(event);
     const auto* help = static_cast<QHelpEvent*>(event);
-    const auto hour = HourBars(m_buckets, width(), height()).hourAt({double(help->x()), double(height() - help->y())});
+    const Point middleOfPixel{help->x() + 0.5, height() - help->y() - 0.5};
+    const auto hour = HourBars(m_buckets, width(), height()).hourAt(middleOfPixel);
     if (hour) {
         const auto text = hourBarText(*hour, m_buckets[static_cast<std::size_t>(*hour)], m_calendar);
         QToolTip::showText(help->globalPos(), plainToolTip(QString::fromStdString(text)), this);
