@@ -46,7 +46,7 @@ class DesktopTest(unittest.TestCase):
         self.settings = home / "config/orrinvale/settings.json"
         self.program = None
         self.launched = []
-        self.choose()
+        self.choose(cpuSignalEnabled=True, networkSignalEnabled=True)  # as at a second start
 
     def tearDown(self):
         for program in self.launched:
