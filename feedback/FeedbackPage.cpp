@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "feedback/FeedbackPage.h"
 
+#include <QAuthenticator>
 #include <QColor>
 #include <QUuid>
 #include <QWebEngineFileSystemAccessRequest>
@@ -102,6 +103,10 @@ void FeedbackPage::refuseRequests()
     });
     connect(this, &QWebEnginePage::fullScreenRequested, this,
             [](QWebEngineFullScreenRequest request) { request.reject(); });
+    connect(this, &QWebEnginePage::authenticationRequired, this,
+            [](const QUrl&, QAuthenticator* answer) { *answer = {}; });
+    connect(this, &QWebEnginePage::proxyAuthenticationRequired, this,
+            [](const QUrl&, QAuthenticator* answer) { *answer = {}; });
     connect(this, &QWebEnginePage::quotaRequested, this, [](QWebEngineQuotaRequest request) { request.reject(); });
     connect(this, &QWebEnginePage::registerProtocolHandlerRequested, this,
             [](QWebEngineRegisterProtocolHandlerRequest request) { request.reject(); });

@@ -9,10 +9,7 @@
 #include <QMenu>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineProfile>
-#include <QWebEngineUrlRequestInterceptor>
 
-#include <algorithm>
-#include <array>
 #include <utility>
 
 namespace orrinvale
@@ -21,27 +18,12 @@ namespace orrinvale
 namespace
 {
 
-// Lets the web through and nothing of this machine.
-class WebOnly final : public QWebEngineUrlRequestInterceptor
-{
-public:
-    using QWebEngineUrlRequestInterceptor::QWebEngineUrlRequestInterceptor;
-
-    void interceptRequest(QWebEngineUrlRequestInfo& request) override
-    {
-        static constexpr std::array<QStringView, 7> web{u"https", u"http", u"wss", u"ws", u"data", u"blob", u"about"};
-        const auto scheme = request.requestUrl().scheme();
-        request.block(std::ranges::find(web, QStringView(scheme)) == web.end());
-    }
-};
-
 std::unique_ptr<QWebEngineProfile> passingProfile()
 {
     // A profile without a name is off the record.
     auto profile = std::make_unique<QWebEngineProfile>();
     profile->setHttpCacheType(QWebEngineProfile::MemoryHttpCache);
     profile->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
-    profile->setUrlRequestInterceptor(new WebOnly(profile.get()));
     QObject::connect(profile.get(), &QWebEngineProfile::downloadRequested,
                      [](QWebEngineDownloadRequest* download) { download->cancel(); });
     return profile;

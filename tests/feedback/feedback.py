@@ -3,6 +3,7 @@
 """What the tests of the feedback window share: a web server on the loopback interface, and the program in a fresh home."""
 import http.server
 import os
+import signal
 import subprocess
 import tempfile
 import threading
@@ -72,6 +73,11 @@ def never(request):
     request.server.ending.wait()
 
 
+def block_signals():
+    """As the application does, which takes them from a descriptor."""
+    signal.pthread_sigmask(signal.SIG_BLOCK, [signal.SIGTERM, signal.SIGINT, signal.SIGHUP])
+
+
 class Feedback:
     """One run of the program, started as the application starts it."""
 
@@ -82,7 +88,7 @@ class Feedback:
         self.errors = tempfile.TemporaryFile("w+")
         self.process = subprocess.Popen([program, *arguments], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                                         stderr=self.errors, text=True, bufsize=1, env=environment,
-                                        start_new_session=True)
+                                        start_new_session=True, preexec_fn=block_signals)
         self.started = time.monotonic()
         self.reports = []  # (line, seconds after the start)
         self.reader = threading.Thread(target=self.read, daemon=True)

@@ -5,6 +5,8 @@
 import os
 import signal
 import socket
+import ssl
+import subprocess
 import time
 import unittest
 from pathlib import Path
@@ -56,6 +58,21 @@ class LoadTest(FeedbackTest):
     def test_a_form_that_may_not_be_framed_fails(self):
         run = self.open(lambda request: request.answer("<h1>Form</h1>", X_Frame_Options="DENY"))
         self.assertLess(self.wait_for_line(run, "failed"), 8)
+
+    def test_a_certificate_that_nobody_vouches_for_fails(self):
+        key, certificate = self.home / "key", self.home / "certificate"
+        subprocess.run(["openssl", "req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1", "-nodes",
+                        "-subj", "/CN=localhost", "-keyout", key, "-out", certificate], check=True, capture_output=True)
+        context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+        context.load_cert_chain(certificate, key)
+        self.server.socket = context.wrap_socket(self.server.socket, server_side=True)
+        run = self.start(f"https://localhost:{self.server.server_port}/form")
+        self.assertLess(self.wait_for_line(run, "failed"), 8)
+        self.assertEqual(self.server.asked, [])
+
+    def test_a_page_that_wants_a_password_is_loaded_without_a_question(self):
+        run = self.open(lambda request: request.answer("<h1>401</h1>", status=401, WWW_Authenticate="Basic realm=x"))
+        self.wait_for_line(run, "loaded")
 
     def test_an_answer_that_breaks_off_before_the_page_fails(self):
         run = self.open(lambda request: request.connection.shutdown(socket.SHUT_RDWR))
@@ -156,7 +173,8 @@ class RefusalTest(FeedbackTest):
     def test_files_of_the_machine_stay_out_of_reach(self):
         secret = self.home / "secret.html"
         secret.write_text(f"<script>fetch('{self.server.address('/stolen')}', {{mode: 'no-cors'}})</script>")
-        run = self.open(TELL + f"""<img src="file://{secret}" onload="tell('image', 'read')" onerror="tell('image', 'refused')">
+        self.server.pages["/redirect"] = lambda request: request.answer("", status=302, Location=f"file://{secret}")
+        run = self.open(TELL + f"""<iframe src="/redirect"></iframe><img src="file://{secret}" onload="tell('image', 'read')" onerror="tell('image', 'refused')">
           <iframe src="file://{secret}"></iframe><script>
           fetch('file://{secret}').then(() => tell('fetch', 'read'), () => tell('fetch', 'refused'));
           setTimeout(() => {{ location = 'file://{secret}'; tell('left', ''); }}, 300);</script>""")
