@@ -12,6 +12,10 @@ from pathlib import Path
 program, screenshot = sys.argv[1:]
 downloads = Path(os.environ["HOME"]) / "Downloads"
 downloads.mkdir()
+# What else this machine is busy with shall not keep it awake in between.
+settings = Path(os.environ["XDG_CONFIG_HOME"]) / "orrinvale/settings.json"
+settings.parent.mkdir(parents=True)
+settings.write_text(json.dumps({"orrinvale.cpuSignalEnabled": False, "orrinvale.networkSignalEnabled": False}))
 log = Path(os.environ["XDG_DATA_HOME"]) / "orrinvale/activity_log.json"
 told = 0
 
