@@ -128,6 +128,7 @@ void ToggleRow::paintEvent(QPaintEvent*)
     strokeInside(painter, track, radius, 1, between(m_colours.controlBorder, m_colours.controlOn, m_position));
     const auto knob = between(offKnob, onKnob, m_position);
     const auto left = between(edgeToOffKnob, switchWidth - edgeToOnKnob - onKnob, m_position);
+    painter.setPen(Qt::NoPen);
     painter.setBrush(between(m_colours.controlBorder, Qt::white, m_position));
     painter.drawEllipse(QRectF(track.left() + left, track.top() + (switchHeight - knob) / 2, knob, knob));
     if (showsFocusRing())
