@@ -8,6 +8,8 @@
 #include "orrinvale/WindowButton.h"
 #include "orrinvale/WindowText.h"
 
+#include <QKeyEvent>
+
 #include <algorithm>
 
 namespace orrinvale
@@ -66,6 +68,14 @@ void WatchListRow::layOut()
     const auto top = (height() - labelLine - identifierLine) / 2;
     m_label->setGeometry(textLeft, top, textWidth, labelLine);
     m_bundleID->setGeometry(textLeft, top + labelLine, textWidth, identifierLine);
+}
+
+void WatchListRow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Delete)
+        m_deleteButton->click();
+    else
+        event->ignore();
 }
 
 void WatchListRow::resizeEvent(QResizeEvent*)

@@ -13,7 +13,8 @@ namespace orrinvale
 class TextLabel;
 class WindowButton;
 
-// One application of the watch list: icon, label over identifier, and a button that removes it.
+// One application of the watch list: icon, label over identifier, and a button that removes it, which the Delete key
+// presses too.
 class WatchListRow final : public QWidget
 {
     Q_OBJECT
@@ -31,6 +32,7 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void layOut();
