@@ -222,6 +222,16 @@ TEST_F(AppPickerSheetTest, ByKeyboardAllTheWay)
     EXPECT_EQ(dismissed, 1);
 }
 
+TEST_F(AppPickerSheetTest, ReturnOnAnotherRowChoosesThat)
+{
+    openLoaded();
+    click(2);
+    press(Qt::Key_Up);
+    press(Qt::Key_Return);
+    EXPECT_EQ(chosen(), "HandBrake");
+    EXPECT_TRUE(added.empty());
+}
+
 TEST_F(AppPickerSheetTest, SpaceChoosesAndNeverAdds)
 {
     openLoaded();
