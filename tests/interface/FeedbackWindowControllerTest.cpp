@@ -17,7 +17,6 @@ namespace orrinvale
 namespace
 {
 
-
 // A program that does what its script says; it writes its process id and what it hears into the test's folder.
 struct FeedbackWindowControllerTest : InterfaceFixture {
     FeedbackWindowControllerTest() { open(); }

@@ -9,6 +9,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include <stdlib.h>
 
 namespace orrinvale
@@ -25,7 +27,18 @@ struct TemporaryFolder {
         auto pattern = (std::filesystem::temp_directory_path() / "orrinvale-test-XXXXXX").string();
         path = ::mkdtemp(pattern.data());
     }
-    ~TemporaryFolder() { std::filesystem::remove_all(path); }
+    // A program that a test started may still be writing its last file.
+    ~TemporaryFolder()
+    {
+        std::error_code error;
+        for (int attempt = 0; attempt < 100; ++attempt) {
+            std::filesystem::remove_all(path, error);
+            if (!error)
+                return;
+            std::this_thread::sleep_for(10ms);
+        }
+        ADD_FAILURE() << "cannot remove " << path << ": " << error.message();
+    }
     std::filesystem::path path;
 };
 
