@@ -239,10 +239,10 @@ TEST_F(FeedbackWindowControllerTest, OurWindowHasTheFrameOfTheOther)
 // A window and its program leave nothing behind in the application.
 TEST_F(FeedbackWindowControllerTest, TheApplicationIsAsBeforeOnceTheProgramHasEnded)
 {
-    const auto proportionalKilobytes = [] {
+    const auto residentKilobytes = [] {
         std::ifstream file("/proc/self/smaps_rollup");
         std::string word;
-        while (file >> word && word != "Pss:") {
+        while (file >> word && word != "Rss:") {
         }
         long kilobytes = 0;
         file >> kilobytes;
@@ -254,7 +254,7 @@ TEST_F(FeedbackWindowControllerTest, TheApplicationIsAsBeforeOnceTheProgramHasEn
     };
     installUsual();
     const auto descriptorsBefore = descriptors();
-    const auto before = proportionalKilobytes();
+    const auto before = residentKilobytes();
     ASSERT_GT(before, 0);
     controller->showWindow();
     ASSERT_TRUE(waitFor([&] { return hasStarted(); }));
@@ -262,7 +262,7 @@ TEST_F(FeedbackWindowControllerTest, TheApplicationIsAsBeforeOnceTheProgramHasEn
     controller.reset();
     ASSERT_TRUE(waitFor([&] { return !isAlive(process); }));
     EXPECT_TRUE(waitFor([&] { return descriptors() == descriptorsBefore; }));
-    EXPECT_LT(proportionalKilobytes() - before, 1024);
+    EXPECT_LT(residentKilobytes() - before, 1024);
 }
 
 } // namespace
