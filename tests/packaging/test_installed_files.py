@@ -75,6 +75,12 @@ class InstalledFiles(unittest.TestCase):
             self.assertEqual((check.returncode, check.stderr), (0, ""), page)
             self.assertIn(VERSION, page.read_text())
 
+    def test_whatever_the_packages_are_built_with_is_installed_by_dev(self):
+        control = (SOURCE / "packaging/debian/control").read_text()
+        wanted = re.search(r"^Build-Depends:\n((?: .*\n)*)", control, re.M)[1].replace("debhelper-compat (= 13)", "debhelper")
+        installed = re.findall(r"^(?:build|package): *(\S+)", (SOURCE / "packages.txt").read_text(), re.M)
+        self.assertEqual(set(wanted.replace(",", "").split()) - set(installed), set())
+
     def test_the_version_is_the_same_everywhere(self):
         release = re.search(r'<release version="([^"]*)"',
                             (self.root / "share/metainfo/com.orrinvale.orrinvale.metainfo.xml").read_text())
