@@ -12,10 +12,11 @@ from pathlib import Path
 program, screenshot = sys.argv[1:]
 downloads = Path(os.environ["HOME"]) / "Downloads"
 downloads.mkdir()
-# What else this machine is busy with shall not keep it awake in between.
+# What else this machine is busy with shall not keep it awake in between, and no welcome stand in the picture.
 settings = Path(os.environ["XDG_CONFIG_HOME"]) / "orrinvale/settings.json"
 settings.parent.mkdir(parents=True)
-settings.write_text(json.dumps({"orrinvale.cpuSignalEnabled": False, "orrinvale.networkSignalEnabled": False}))
+settings.write_text(json.dumps({"orrinvale.cpuSignalEnabled": False, "orrinvale.networkSignalEnabled": False,
+                                "orrinvale.hasSeenOnboarding": True}))
 log = Path(os.environ["XDG_DATA_HOME"]) / "orrinvale/activity_log.json"
 told = 0
 
