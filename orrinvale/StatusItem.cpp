@@ -3,12 +3,14 @@
 #include "orrinvale/StatusItem.h"
 
 #include "base/MainQueue.h"
+#include "orrinvale/StatusNotifierItem.h"
 
 #include <QCursor>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusServiceWatcher>
+#include <QDBusVariant>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QSystemTrayIcon>
@@ -21,7 +23,8 @@ using namespace std::chrono_literals;
 namespace
 {
 
-const auto trayService = QStringLiteral("org.kde.StatusNotifierWatcher");
+const auto tray = QStringLiteral("org.kde.StatusNotifierWatcher");
+const auto trayPath = QStringLiteral("/StatusNotifierWatcher");
 constexpr auto patienceOnX11 = 1s; // after which the older protocol, whose tray may come at any time, is taken
 
 bool isOnX11()
@@ -38,62 +41,95 @@ StatusItem::StatusItem(MainQueue& queue) : m_queue(queue)
 
 StatusItem::~StatusItem() = default;
 
-// The first QSystemTrayIcon decides for the process which protocol is spoken: it must not be made too early.
 void StatusItem::waitForTray()
 {
-    const auto bus = QDBusConnection::sessionBus();
-    m_trayWatcher = std::make_unique<QDBusServiceWatcher>(trayService, bus, QDBusServiceWatcher::WatchForRegistration);
-    QObject::connect(m_trayWatcher.get(), &QDBusServiceWatcher::serviceRegistered, this,
-                     [this] { makeItem(Protocol::statusNotifier); });
-    const auto ask =
-        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-                                       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
-    auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(QDBusMessage(ask) << trayService), this);
-    QObject::connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-        answer->deleteLater();
-        if (answer->reply().arguments().value(0).toBool())
-            makeItem(Protocol::statusNotifier);
-    });
+    auto bus = QDBusConnection::sessionBus();
+    m_trayWatcher = std::make_unique<QDBusServiceWatcher>(tray, bus, QDBusServiceWatcher::WatchForRegistration);
+    QObject::connect(m_trayWatcher.get(), &QDBusServiceWatcher::serviceRegistered, this, &StatusItem::askForTray);
+    // Whoever sends it: to name the tray would wait for the bus to say who that is.
+    bus.connect({}, trayPath, tray, QStringLiteral("StatusNotifierHostRegistered"), this, SLOT(notifyTray()));
+    askForTray();
     if (isOnX11())
-        m_patience = m_queue.after(patienceOnX11, [this] { makeItem(Protocol::embedded); });
+        m_patience = m_queue.after(patienceOnX11, [this] { embed(); });
 }
 
-void StatusItem::makeItem(Protocol protocol)
+// Whether anything shows the items that the tray's service knows of.
+void StatusItem::askForTray()
 {
-    if (m_item)
-        return;
-    m_patience.cancel();
-    m_protocol = protocol;
-    m_item = std::make_unique<QSystemTrayIcon>();
-    QObject::connect(m_item.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
-        const auto isClick = reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::Context;
-        if (isClick && onClick)
-            onClick();
+    auto ask = QDBusMessage::createMethodCall(tray, trayPath, QStringLiteral("org.freedesktop.DBus.Properties"),
+                                              QStringLiteral("Get"));
+    ask << tray << QStringLiteral("IsStatusNotifierHostRegistered");
+    ask.setAutoStartService(false);
+    auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(ask), this);
+    QObject::connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+        answer->deleteLater();
+        if (answer->reply().arguments().value(0).value<QDBusVariant>().variant().toBool())
+            notifyTray();
     });
-    show();
-    m_item->show();
+}
+
+void StatusItem::notifyTray()
+{
+    m_patience.cancel();
+    m_embedded.reset();
+    if (!m_notifier) {
+        m_notifier = std::make_unique<StatusNotifierItem>(QDBusConnection::sessionBus());
+        m_notifier->onClick = [this] { click(); };
+        showIcon();
+        showToolTip();
+    }
+    m_notifier->registerWithTray();
+}
+
+// Qt's own item, which speaks the older protocol where there is no tray of the newer one.
+void StatusItem::embed()
+{
+    m_patience.cancel();
+    m_embedded = std::make_unique<QSystemTrayIcon>();
+    QObject::connect(m_embedded.get(), &QSystemTrayIcon::activated, this,
+                     [this](QSystemTrayIcon::ActivationReason reason) {
+                         if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::Context)
+                             click();
+                     });
+    showIcon();
+    showToolTip();
+    m_embedded->show();
+}
+
+void StatusItem::click()
+{
+    if (onClick)
+        onClick();
 }
 
 void StatusItem::setIcon(const QIcon& icon)
 {
+    if (icon.cacheKey() == m_icon.cacheKey())
+        return; // a countdown brings the same one every second
     m_icon = icon;
-    show();
+    showIcon();
 }
 
 void StatusItem::setToolTip(const QString& text)
 {
     m_toolTip = text;
-    show();
+    showToolTip();
 }
 
-// Either protocol's tooltip may be taken for markup: a tray's by its own rules, ours when it looks like it.
-void StatusItem::show()
+void StatusItem::showIcon()
 {
-    if (!m_item)
-        return;
-    const auto escaped = m_toolTip.toHtmlEscaped();
-    m_item->setIcon(m_icon);
-    m_item->setToolTip(m_protocol == Protocol::embedded ? QStringLiteral("<qt>%1</qt>").arg(escaped) : escaped);
+    if (m_notifier)
+        m_notifier->setIcon(m_icon);
+    if (m_embedded)
+        m_embedded->setIcon(m_icon);
+}
+
+void StatusItem::showToolTip()
+{
+    if (m_notifier)
+        m_notifier->setToolTip(m_toolTip);
+    if (m_embedded)
+        m_embedded->setToolTip(QStringLiteral("<qt>%1</qt>").arg(m_toolTip.toHtmlEscaped())); // else it might be markup
 }
 
 PopoverAnchor StatusItem::anchor() const
@@ -102,7 +138,7 @@ PopoverAnchor StatusItem::anchor() const
     if (!isOnX11())
         return anchor;
     anchor.pointer = QCursor::pos();
-    const auto geometry = m_item ? m_item->geometry() : QRect();
+    const auto geometry = m_embedded ? m_embedded->geometry() : QRect();
     if (isPlausibleIcon(geometry, QGuiApplication::primaryScreen()->virtualGeometry()))
         anchor.icon = geometry;
     return anchor;

@@ -18,9 +18,10 @@ namespace orrinvale
 {
 
 class MainQueue;
+class StatusNotifierItem;
 
-// Our place in the desktop's tray, by either of the two protocols. It is taken as soon as there is a tray, and taken
-// again when the tray comes back. Left and right click are one and the same. Main thread.
+// Our place in the desktop's tray, by the newer of the two protocols that the tray speaks. It is taken as soon as there
+// is a tray, and taken again when the tray comes back. Left and right click are one and the same. Main thread.
 class StatusItem final : public QObject
 {
     Q_OBJECT
@@ -39,18 +40,24 @@ public:
     std::function<void()> onClick;
 
 private:
-    enum class Protocol { statusNotifier, embedded };
-
     void waitForTray();
-    void makeItem(Protocol protocol);
-    void show();
+    void askForTray();
+    void embed();
+    void showIcon();
+    void showToolTip();
+    void click();
 
+private Q_SLOTS:
+    void notifyTray();
+
+private:
     MainQueue& m_queue;
     QIcon m_icon;
     QString m_toolTip;
-    Protocol m_protocol = Protocol::embedded;
     std::unique_ptr<QDBusServiceWatcher> m_trayWatcher;
-    std::unique_ptr<QSystemTrayIcon> m_item;
+    // One of the two, or none while there is no tray.
+    std::unique_ptr<StatusNotifierItem> m_notifier;
+    std::unique_ptr<QSystemTrayIcon> m_embedded;
     Cancellable m_patience;
 };
 

@@ -1,0 +1,127 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "orrinvale/StatusNotifierItem.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QImage>
+#include <QtEndian>
+
+namespace orrinvale
+{
+
+namespace
+{
+
+const auto objectPath = QStringLiteral("/StatusNotifierItem");
+const auto tray = QStringLiteral("org.kde.StatusNotifierWatcher");
+
+} // namespace
+
+static QDBusArgument& operator<<(QDBusArgument& out, const NotifierPixmap& pixmap)
+{
+    out.beginStructure();
+    out << pixmap.width << pixmap.height << pixmap.pixels;
+    out.endStructure();
+    return out;
+}
+
+static const QDBusArgument& operator>>(const QDBusArgument& in, NotifierPixmap& pixmap)
+{
+    in.beginStructure();
+    in >> pixmap.width >> pixmap.height >> pixmap.pixels;
+    in.endStructure();
+    return in;
+}
+
+static QDBusArgument& operator<<(QDBusArgument& out, const NotifierToolTip& toolTip)
+{
+    out.beginStructure();
+    out << toolTip.iconName << toolTip.pixmaps << toolTip.title << toolTip.text;
+    out.endStructure();
+    return out;
+}
+
+static const QDBusArgument& operator>>(const QDBusArgument& in, NotifierToolTip& toolTip)
+{
+    in.beginStructure();
+    in >> toolTip.iconName >> toolTip.pixmaps >> toolTip.title >> toolTip.text;
+    in.endStructure();
+    return in;
+}
+
+NotifierPixmaps notifierPixmaps(const QIcon& icon)
+{
+    NotifierPixmaps pixmaps;
+    for (const auto& size : icon.availableSizes()) {
+        const auto image = icon.pixmap(size).toImage().convertToFormat(QImage::Format_ARGB32);
+        QByteArray pixels;
+        pixels.reserve(image.sizeInBytes());
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) {
+                const auto pixel = qToBigEndian(image.pixel(x, y));
+                pixels.append(reinterpret_cast<const char*>(&pixel), sizeof pixel);
+            }
+        pixmaps.append({image.width(), image.height(), pixels});
+    }
+    return pixmaps;
+}
+
+StatusNotifierItem::StatusNotifierItem(const QDBusConnection& bus) : m_bus(bus)
+{
+    qDBusRegisterMetaType<NotifierPixmap>();
+    qDBusRegisterMetaType<NotifierPixmaps>();
+    qDBusRegisterMetaType<NotifierToolTip>();
+    m_bus.registerObject(objectPath, this,
+                         QDBusConnection::ExportAllProperties | QDBusConnection::ExportAllSlots |
+                             QDBusConnection::ExportAllSignals);
+}
+
+StatusNotifierItem::~StatusNotifierItem()
+{
+    m_bus.unregisterObject(objectPath);
+}
+
+void StatusNotifierItem::registerWithTray()
+{
+    const auto call = QDBusMessage::createMethodCall(tray, QStringLiteral("/StatusNotifierWatcher"), tray,
+                                                     QStringLiteral("RegisterStatusNotifierItem"));
+    m_bus.send(QDBusMessage(call) << m_bus.baseService());
+}
+
+void StatusNotifierItem::setIcon(const QIcon& icon)
+{
+    m_pixmaps = notifierPixmaps(icon);
+    Q_EMIT NewIcon();
+}
+
+void StatusNotifierItem::setToolTip(const QString& text)
+{
+    m_toolTip = text.toHtmlEscaped();
+    Q_EMIT NewToolTip();
+}
+
+void StatusNotifierItem::click()
+{
+    if (onClick)
+        onClick();
+}
+
+void StatusNotifierItem::Activate(int, int)
+{
+    click();
+}
+
+void StatusNotifierItem::ContextMenu(int, int)
+{
+    click();
+}
+
+// Which lets the window that the click opens have the focus; Qt takes it from there.
+void StatusNotifierItem::ProvideXdgActivationToken(const QString& token)
+{
+    qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+}
+
+} // namespace orrinvale

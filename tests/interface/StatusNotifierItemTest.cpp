@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "orrinvale/StatusNotifierItem.h"
+
+#include "tests/interface/InterfaceFixture.h"
+
+#include <QMetaProperty>
+#include <QSignalSpy>
+
+namespace orrinvale
+{
+
+namespace
+{
+
+QIcon iconOf(const QColor& colour, std::initializer_list<int> sides)
+{
+    QIcon icon;
+    for (const auto side : sides) {
+        QPixmap pixmap(side, side);
+        pixmap.fill(colour);
+        icon.addPixmap(pixmap);
+    }
+    return icon;
+}
+
+// Off any bus: what the host would call is called here.
+struct StatusNotifierItemTest : InterfaceFixture {
+    StatusNotifierItem item{QDBusConnection(QStringLiteral("none"))};
+};
+
+TEST(NotifierPixmaps, AreOfEverySizeAsARGBInNetworkByteOrder)
+{
+    const auto pixmaps = notifierPixmaps(iconOf(QColor(0x11, 0x22, 0x33), {2, 3}));
+    ASSERT_EQ(pixmaps.size(), 2);
+    for (const auto& pixmap : pixmaps) {
+        EXPECT_EQ(pixmap.width, pixmap.height);
+        EXPECT_EQ(pixmap.pixels, QByteArray("\xff\x11\x22\x33").repeated(pixmap.width * pixmap.height));
+    }
+    EXPECT_TRUE(notifierPixmaps(QIcon()).isEmpty());
+}
+
+TEST_F(StatusNotifierItemTest, SaysWhatItIs)
+{
+    EXPECT_EQ(item.category(), QStringLiteral("ApplicationStatus"));
+    EXPECT_EQ(item.name(), QStringLiteral("orrinvale"));
+    EXPECT_EQ(item.status(), QStringLiteral("Active"));
+}
+
+TEST_F(StatusNotifierItemTest, NamesNoMenu)
+{
+    EXPECT_EQ(item.metaObject()->indexOfProperty("Menu"), -1);
+    EXPECT_FALSE(item.property("ItemIsMenu").toBool());
+}
+
+TEST_F(StatusNotifierItemTest, LeftAndRightClickAreTheSameAndOthersNothing)
+{
+    auto clicks = 0;
+    item.onClick = [&] { ++clicks; };
+    item.Activate(10, 20);
+    EXPECT_EQ(clicks, 1);
+    item.ContextMenu(10, 20);
+    EXPECT_EQ(clicks, 2);
+    item.SecondaryActivate(10, 20);
+    item.Scroll(120, QStringLiteral("vertical"));
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(StatusNotifierItemTest, AClickThatNobodyListensToDoesNothing)
+{
+    item.Activate(0, 0);
+    item.ContextMenu(0, 0);
+}
+
+TEST_F(StatusNotifierItemTest, TellsOfNewPicturesAndTexts)
+{
+    QSignalSpy icons(&item, &StatusNotifierItem::NewIcon);
+    QSignalSpy texts(&item, &StatusNotifierItem::NewToolTip);
+    item.setIcon(iconOf(Qt::red, {18}));
+    EXPECT_EQ(item.iconPixmap().size(), 1);
+    EXPECT_EQ(icons.count(), 1);
+    EXPECT_EQ(texts.count(), 0);
+    item.setToolTip(QStringLiteral("Awake: R&D <b>"));
+    EXPECT_EQ(item.toolTip().title, QStringLiteral("Awake: R&amp;D &lt;b&gt;")) << "it may be taken for markup";
+    EXPECT_EQ(texts.count(), 1);
+}
+
+} // namespace
+
+} // namespace orrinvale
