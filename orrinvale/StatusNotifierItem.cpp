@@ -68,6 +68,15 @@ NotifierPixmaps notifierPixmaps(const QIcon& icon)
     return pixmaps;
 }
 
+// A title alone shows as it is, unless a host takes a name in it for markup; a text needs a title above it.
+NotifierToolTip notifierToolTip(const QString& plainText)
+{
+    const auto escaped = plainText.toHtmlEscaped();
+    if (escaped == plainText)
+        return {{}, {}, plainText, {}};
+    return {{}, {}, QStringLiteral("orrinvale"), escaped};
+}
+
 StatusNotifierItem::StatusNotifierItem(const QDBusConnection& bus) : m_bus(bus)
 {
     qDBusRegisterMetaType<NotifierPixmap>();
@@ -98,7 +107,7 @@ void StatusNotifierItem::setIcon(const QIcon& icon)
 
 void StatusNotifierItem::setToolTip(const QString& text)
 {
-    m_toolTip = text.toHtmlEscaped();
+    m_toolTip = notifierToolTip(text);
     Q_EMIT NewToolTip();
 }
 

@@ -24,9 +24,10 @@ NotifierPixmaps notifierPixmaps(const QIcon& icon);
 struct NotifierToolTip {
     QString iconName;
     NotifierPixmaps pixmaps;
-    QString title; // may be taken for markup
-    QString text;
+    QString title; // plain text to some hosts and markup to others
+    QString text;  // markup
 };
+NotifierToolTip notifierToolTip(const QString& plainText);
 
 // Our item by the StatusNotifierItem protocol, on the session bus. It has no menu, not even the name of one: some hosts
 // then pass a right click on instead of showing an empty menu, which Qt's own item makes them do. Main thread.
@@ -64,7 +65,7 @@ public:
     bool isMenu() const { return false; }
     QString noName() const { return {}; }
     const NotifierPixmaps& iconPixmap() const { return m_pixmaps; }
-    NotifierToolTip toolTip() const { return {{}, {}, m_toolTip, {}}; }
+    const NotifierToolTip& toolTip() const { return m_toolTip; }
 
     // Left and right click alike.
     std::function<void()> onClick;
@@ -87,7 +88,7 @@ private:
 
     QDBusConnection m_bus;
     NotifierPixmaps m_pixmaps;
-    QString m_toolTip; // escaped
+    NotifierToolTip m_toolTip;
 };
 
 } // namespace orrinvale
