@@ -70,14 +70,7 @@ void WatchListView::setProcesses(const std::vector<CustomProcess>& processes)
     m_rows.clear();
     for (const auto& process : processes)
         m_rows.push_back(makeRow(process));
-    QWidget* previous = nullptr;
-    for (auto* row : m_rows) {
-        if (previous)
-            QWidget::setTabOrder(previous, &row->deleteButton());
-        previous = &row->deleteButton();
-    }
-    if (previous)
-        QWidget::setTabOrder(previous, m_addButton);
+    orderFocus();
     m_emptyLabel->setVisible(m_rows.empty());
     m_hintLabel->setVisible(m_rows.empty());
     if (hadFocus)
@@ -86,6 +79,18 @@ void WatchListView::setProcesses(const std::vector<CustomProcess>& processes)
     update();
     if (onHeightChange)
         onHeightChange();
+}
+
+// New widgets come last in the window's order: they are taken to where the button is, and the button behind them.
+void WatchListView::orderFocus()
+{
+    QWidget* previous = m_addButton;
+    for (auto* row : m_rows) {
+        QWidget::setTabOrder(previous, &row->deleteButton());
+        previous = &row->deleteButton();
+    }
+    if (!m_rows.empty())
+        QWidget::setTabOrder(previous, m_addButton);
 }
 
 void WatchListView::moveFocusFrom(std::size_t deletedRow)

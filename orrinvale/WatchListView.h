@@ -51,6 +51,7 @@ protected:
 private:
     WatchListRow* makeRow(const CustomProcess& process);
     int listHeight() const;
+    void orderFocus();
     void moveFocusFrom(std::size_t deletedRow);
     void layOut();
     void layOutEmpty();

@@ -204,13 +204,16 @@ TEST_F(WatchListViewTest, TheDeleteKeyRemovesTheRowOfItsButton)
 
 TEST_F(WatchListViewTest, TheTabKeyGoesFromRowToRowAndToTheAddButton)
 {
+    QWidget behind(&window);
+    behind.setFocusPolicy(Qt::StrongFocus);
+    behind.show();
     watch({"One", "Two"});
     watch({"One", "Two", "Three"});
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     deleteButton(0).setFocus(Qt::TabFocusReason);
-    for (const auto* next :
-         {&deleteButton(1), &deleteButton(2), static_cast<WindowButton*>(&view->addButton()), &deleteButton(0)}) {
+    for (const auto* next : std::initializer_list<const QWidget*>{&deleteButton(1), &deleteButton(2),
+                                                                  &view->addButton(), &behind, &deleteButton(0)}) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         EXPECT_TRUE(next->hasFocus()) << next->accessibleName().toStdString();
     }
