@@ -9,6 +9,7 @@
 #include "orrinvale/WindowButton.h"
 #include "orrinvale/WindowText.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
 
@@ -47,6 +48,27 @@ protected:
     }
 };
 
+// How a key scrolls what does not fit: nothing but the button can have the focus.
+QAbstractSlider::SliderAction scrollingOf(int key)
+{
+    switch (key) {
+    case Qt::Key_Up:
+        return QAbstractSlider::SliderSingleStepSub;
+    case Qt::Key_Down:
+        return QAbstractSlider::SliderSingleStepAdd;
+    case Qt::Key_PageUp:
+        return QAbstractSlider::SliderPageStepSub;
+    case Qt::Key_PageDown:
+        return QAbstractSlider::SliderPageStepAdd;
+    case Qt::Key_Home:
+        return QAbstractSlider::SliderToMinimum;
+    case Qt::Key_End:
+        return QAbstractSlider::SliderToMaximum;
+    default:
+        return QAbstractSlider::SliderNoAction;
+    }
+}
+
 } // namespace
 
 const std::array<OnboardingView::Point, 3>& OnboardingView::points()
@@ -78,6 +100,9 @@ OnboardingView::OnboardingView()
     m_fade->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_button->setRadius(buttonRadius);
     setFocusProxy(m_button);
+    auto* scrollBar = m_scrollArea->verticalScrollBar();
+    QObject::connect(scrollBar, &QScrollBar::valueChanged, this, [this] { placeFade(); });
+    QObject::connect(scrollBar, &QScrollBar::rangeChanged, this, [this] { placeFade(); });
     QObject::connect(m_button, &QAbstractButton::clicked, this, [this] {
         if (onDone)
             onDone();
@@ -112,8 +137,25 @@ void OnboardingView::layOut()
     const auto shown = buttonTop - pointsToButton - pointsTop;
     m_scrollArea->setGeometry(inset, pointsTop, inner, shown);
     m_points->resize(inner, m_points->heightFor(inner));
-    m_fade->setGeometry(inset, pointsTop + shown - fadeHeight, inner, fadeHeight);
-    m_fade->setVisible(m_points->height() > shown);
+    placeFade();
+}
+
+// It covers no more than is still to come.
+void OnboardingView::placeFade()
+{
+    const auto shown = m_scrollArea->geometry();
+    const auto hidden = m_points->height() - m_scrollArea->verticalScrollBar()->value() - shown.height();
+    const auto fade = std::clamp(hidden, 0, fadeHeight);
+    m_fade->setGeometry(shown.left(), shown.top() + shown.height() - fade, shown.width(), fade);
+    m_fade->setVisible(fade > 0);
+}
+
+void OnboardingView::keyPressEvent(QKeyEvent* event)
+{
+    if (const auto scrolling = scrollingOf(event->key()))
+        m_scrollArea->verticalScrollBar()->triggerAction(scrolling);
+    else
+        event->ignore();
 }
 
 void OnboardingView::resizeEvent(QResizeEvent*)

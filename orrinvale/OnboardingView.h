@@ -45,9 +45,11 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void layOut();
+    void placeFade();
 
     const WindowPalette* m_colours;
     TextLabel* m_heading;
