@@ -13,6 +13,7 @@
 #include "orrinvale/OnboardingWindowController.h"
 #include "orrinvale/Popover.h"
 #include "orrinvale/SettingsWindowController.h"
+#include "orrinvale/StatusIcon.h"
 #include "orrinvale/StatusPopoverViewController.h"
 #include "orrinvale/TextField.h"
 #include "orrinvale/WakeEngine.h"
@@ -22,6 +23,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QImage>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPixmap>
@@ -29,6 +31,7 @@
 #include <QTemporaryFile>
 #include <QThread>
 
+#include <array>
 #include <cstdio>
 
 using namespace orrinvale;
@@ -238,6 +241,28 @@ void printMessage(QtMsgType, const QMessageLogContext&, const QString& text)
         std::fprintf(stderr, "%s\n", qPrintable(text));
 }
 
+// The status item's pictures as panels show them, light and dark.
+void drawTrayItems(const QString& folder)
+{
+    constexpr auto gap = 12;
+    const std::array sides{16, 22, 24, 32, 44, 48};
+    for (const auto& [panel, name] : {std::pair(QColor(0xf2f2f2), "light"), std::pair(QColor(0x2b2b2b), "dark")}) {
+        QImage image(560, 80, QImage::Format_RGB32);
+        image.fill(panel);
+        QPainter painter(&image);
+        auto left = gap;
+        for (const auto& state : {WakeState::awake("a reason"), WakeState::idle()}) {
+            for (const auto side : sides) {
+                painter.drawPixmap(left, (image.height() - side) / 2, statusIcon(state).pixmap(QSize(side, side), 1.0));
+                left += side + gap;
+            }
+            left += gap;
+        }
+        painter.end();
+        image.save(QStringLiteral("%1/tray-%2.png").arg(folder, QLatin1String(name)));
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -256,6 +281,7 @@ int main(int argc, char** argv)
     font.setPixelSize(qRound(13 * arguments.value(2, QStringLiteral("1")).toDouble()));
     QApplication::setFont(font);
     QDir().mkpath(arguments[1]);
+    drawTrayItems(arguments[1]);
     for (const auto theme : allAppThemes)
         Shots(arguments[1], theme).takeAll();
     return 0;
