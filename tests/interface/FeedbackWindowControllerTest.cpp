@@ -20,21 +20,29 @@ namespace
 // A program that does what its script says; it writes its process id and what it hears into the test's folder.
 struct FeedbackWindowControllerTest : InterfaceFixture {
     FeedbackWindowControllerTest() { open(); }
+    ~FeedbackWindowControllerTest() override
+    {
+        // A program that still writes would put files back into the folder that goes.
+        controller.reset();
+        EXPECT_TRUE(waitFor([&] { return hasEveryRunEnded(); }, 10s));
+    }
 
     void open()
     {
         controller = std::make_unique<FeedbackWindowController>(settings(), platform(), [this] {
             ++searches;
+            runs += program && program == scripted ? 1 : 0;
             return program;
         });
     }
     void install(const std::string& script)
     {
         const auto path = folder.path / "program";
-        std::ofstream(path) << "#!/bin/sh\ncd " << folder.path << "\necho $$ >>started\necho \"$@\" >arguments\n"
+        std::ofstream(path) << "#!/bin/sh\ncd " << folder.path
+                            << " || exit 1\necho $$ >>started\necho \"$@\" >arguments\n"
                             << script;
         std::filesystem::permissions(path, std::filesystem::perms::owner_all);
-        program = QString::fromStdString(path.string());
+        program = scripted = QString::fromStdString(path.string());
     }
     // Shows its window, and writes down orders until they end.
     void installUsual()
@@ -54,11 +62,18 @@ struct FeedbackWindowControllerTest : InterfaceFixture {
     }
     bool hasStarted() const { return text("arguments").ends_with('\n'); }
     bool isAlive(pid_t process) const { return ::kill(process, 0) == 0; }
+    bool hasEveryRunEnded() const
+    {
+        const auto processes = started();
+        return processes.size() == runs && std::ranges::none_of(processes, [&](pid_t one) { return isAlive(one); });
+    }
     bool isFailureShown() const { return controller->failureWindow() && controller->failureWindow()->isVisible(); }
 
     TemporaryFolder folder;
     std::optional<QString> program;
+    std::optional<QString> scripted; // the program that `install` made
     int searches = 0;
+    std::size_t runs = 0; // of the script
     std::unique_ptr<FeedbackWindowController> controller;
 };
 
@@ -219,10 +234,8 @@ TEST_F(FeedbackWindowControllerTest, DroppingItRightAfterTheStartIsSafe)
         controller->showWindow();
         controller.reset();
     }
-    EXPECT_TRUE(waitFor([&] {
-        const auto processes = started();
-        return processes.size() == 3 && std::ranges::none_of(processes, [&](pid_t one) { return isAlive(one); });
-    }));
+    EXPECT_EQ(runs, 3U);
+    EXPECT_TRUE(waitFor([&] { return hasEveryRunEnded(); }));
 }
 
 TEST_F(FeedbackWindowControllerTest, OurWindowHasTheFrameOfTheOther)
