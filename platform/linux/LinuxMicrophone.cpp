@@ -3,6 +3,7 @@
 #include "platform/linux/LinuxMicrophone.h"
 
 #include "base/AtomicFile.h"
+#include "platform/linux/PulseLibrary.h"
 
 #include <algorithm>
 #include <array>
@@ -11,8 +12,6 @@
 #include <mutex>
 #include <optional>
 #include <string_view>
-
-#include <pulse/pulseaudio.h>
 
 namespace orrinvale
 {
@@ -30,16 +29,14 @@ constexpr auto patience = 60s;
 constexpr std::array<std::string_view, 4> volumeControls{"org.gnome.VolumeControl", "org.PulseAudio.pavucontrol",
                                                          "org.kde.kmixd", "org.kde.plasma-pa"};
 
-std::string_view property(const pa_proplist* list, const char* name)
+bool isRecording(const PulseLibrary& pulse, const pa_source_output_info& output)
 {
-    const auto* value = pa_proplist_gets(list, name);
-    return value ? value : "";
-}
-
-bool isRecording(const pa_source_output_info& output)
-{
-    const auto application = property(output.proplist, PA_PROP_APPLICATION_ID);
-    const auto isMeter = property(output.proplist, "stream.monitor") == "true" ||
+    const auto property = [&](const char* name) {
+        const auto* value = pulse.proplist_gets(output.proplist, name);
+        return std::string_view(value ? value : "");
+    };
+    const auto application = property(PA_PROP_APPLICATION_ID);
+    const auto isMeter = property("stream.monitor") == "true" ||
                          (output.resample_method && std::string_view(output.resample_method) == "peaks");
     const auto isControl = std::find(volumeControls.begin(), volumeControls.end(), application) != volumeControls.end();
     return !output.corked && output.client != PA_INVALID_INDEX && !isMeter && !isControl;
@@ -67,25 +64,25 @@ bool isAnyCardCapturing(const fs::path& folder)
 class LinuxMicrophone::Server
 {
 public:
-    Server() : m_loop(pa_threaded_mainloop_new())
+    explicit Server(const PulseLibrary& pulse) : m_pulse(pulse), m_loop(m_pulse.threaded_mainloop_new())
     {
-        m_context = pa_context_new(pa_threaded_mainloop_get_api(m_loop), "orrinvale");
-        pa_context_set_state_callback(
+        m_context = m_pulse.context_new(m_pulse.threaded_mainloop_get_api(m_loop), "orrinvale");
+        m_pulse.context_set_state_callback(
             m_context, [](pa_context*, void* self) { of(self).stateChanged(); }, this);
-        pa_context_set_subscribe_callback(
+        m_pulse.context_set_subscribe_callback(
             m_context, [](pa_context*, pa_subscription_event_type_t, std::uint32_t, void* self) { of(self).ask(); },
             this);
-        if (pa_context_connect(m_context, nullptr, pa_context_flags(PA_CONTEXT_NOAUTOSPAWN), nullptr) < 0)
+        if (m_pulse.context_connect(m_context, nullptr, pa_context_flags(PA_CONTEXT_NOAUTOSPAWN), nullptr) < 0)
             fail();
-        pa_threaded_mainloop_start(m_loop);
+        m_pulse.threaded_mainloop_start(m_loop);
     }
 
     ~Server()
     {
-        pa_threaded_mainloop_stop(m_loop);
-        pa_context_disconnect(m_context);
-        pa_context_unref(m_context);
-        pa_threaded_mainloop_free(m_loop);
+        m_pulse.threaded_mainloop_stop(m_loop);
+        m_pulse.context_disconnect(m_context);
+        m_pulse.context_unref(m_context);
+        m_pulse.threaded_mainloop_free(m_loop);
     }
 
     bool hasFailed() const
@@ -115,13 +112,13 @@ private:
 
     void stateChanged()
     {
-        const auto state = pa_context_get_state(m_context);
+        const auto state = m_pulse.context_get_state(m_context);
         if (!PA_CONTEXT_IS_GOOD(state))
             return fail();
         if (state != PA_CONTEXT_READY)
             return;
         const auto mask = pa_subscription_mask_t(PA_SUBSCRIPTION_MASK_SOURCE | PA_SUBSCRIPTION_MASK_SOURCE_OUTPUT);
-        forget(pa_context_subscribe(m_context, mask, nullptr, nullptr));
+        forget(m_pulse.context_subscribe(m_context, mask, nullptr, nullptr));
         ask();
     }
 
@@ -136,7 +133,7 @@ private:
         m_askAgain = false;
         m_isMicrophone.clear();
         m_found = false;
-        forget(pa_context_get_source_info_list(
+        forget(m_pulse.context_get_source_info_list(
             m_context, [](pa_context*, const pa_source_info* info, int end, void* self) { of(self).source(info, end); },
             this));
     }
@@ -147,7 +144,7 @@ private:
             m_isMicrophone[info->index] = info->monitor_of_sink == PA_INVALID_INDEX;
         if (end == 0)
             return;
-        forget(pa_context_get_source_output_info_list(
+        forget(m_pulse.context_get_source_output_info_list(
             m_context,
             [](pa_context*, const pa_source_output_info* output, int last, void* self) {
                 of(self).output(output, last);
@@ -157,7 +154,7 @@ private:
 
     void output(const pa_source_output_info* info, int end)
     {
-        if (info && isRecording(*info) && m_isMicrophone[info->source])
+        if (info && isRecording(m_pulse, *info) && m_isMicrophone[info->source])
             m_found = true;
         if (end == 0)
             return;
@@ -171,12 +168,13 @@ private:
             ask();
     }
 
-    static void forget(pa_operation* operation)
+    void forget(pa_operation* operation)
     {
         if (operation)
-            pa_operation_unref(operation);
+            m_pulse.operation_unref(operation);
     }
 
+    const PulseLibrary& m_pulse;
     pa_threaded_mainloop* m_loop;
     pa_context* m_context;
     bool m_asking = false, m_askAgain = false, m_found = false; // of libpulse's thread, with the next
@@ -196,12 +194,15 @@ LinuxMicrophone::~LinuxMicrophone() = default;
 
 bool LinuxMicrophone::isInUse()
 {
+    const auto* pulse = PulseLibrary::load();
+    if (!pulse)
+        return isAnyCardCapturing(m_asoundFolder);
     m_letGo = m_queue.after(patience, [this] { m_server.reset(); });
     if (m_server && m_server->hasFailed())
         m_server.reset(); // the server may be back
     const auto isFirstQuestion = !m_server;
     if (isFirstQuestion)
-        m_server = std::make_unique<Server>();
+        m_server = std::make_unique<Server>(*pulse);
     const auto answer = m_server->answerWithin(isFirstQuestion ? firstAnswer : 0ms);
     return m_server->hasFailed() ? isAnyCardCapturing(m_asoundFolder) : answer.value_or(false);
 }
