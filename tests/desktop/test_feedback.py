@@ -15,6 +15,9 @@ import unittest
 from pathlib import Path
 
 from desktop import PROGRAM, DesktopTest
+from test_windows import SETTINGS, WindowsTest
+
+OPEN = (473, 1353)  # in the settings at a height at which nothing scrolls, with no application on the watch list
 
 
 class Form(http.server.BaseHTTPRequestHandler):
@@ -30,6 +33,8 @@ class Form(http.server.BaseHTTPRequestHandler):
 
 
 class FeedbackTest(DesktopTest):
+    """The application in a folder of its own, with or without the program beside it."""
+
     def setUp(self):
         super().setUp()
         self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Form)
@@ -95,6 +100,14 @@ class FeedbackTest(DesktopTest):
         rollup = Path(f"/proc/{self.program.pid}/smaps_rollup").read_text()
         return int(next(line for line in rollup.splitlines() if line.startswith("Rss:")).split()[1])
 
+    def end(self):
+        self.program.terminate()
+        self.assertEqual(self.program.wait(5), 0)
+        self.program = None
+        self.wait_until_free()
+
+
+class PromptTest(FeedbackTest):
     def test_the_prompt_comes_once_and_leaves_nothing_behind(self):
         self.install_form()
         self.used_for(4, hasShownFeedbackPrompt=True)
@@ -142,16 +155,13 @@ class FeedbackTest(DesktopTest):
         self.stays_up(0.5)
 
     def test_a_program_that_breaks_down_is_replaced_by_such_a_window(self):
-        self.install_form()
-        os.environ["QTWEBENGINEPROCESS_PATH"] = "/nonexistent"
-        try:
-            self.used_for(4)
-            self.start()
-            self.wait_for("window of the application",
-                          lambda: [process for _, process in self.windows()] == [self.program.pid])
-        finally:
-            del os.environ["QTWEBENGINEPROCESS_PATH"]
-        self.wait_for("end of its processes", lambda: not self.helpers(), 3)
+        program = self.folder / "orrinvale-feedback"
+        program.write_text("#!/bin/sh\nkill -ABRT $$\n")
+        program.chmod(0o755)
+        self.used_for(4)
+        self.start()
+        self.wait_for("feedback window", self.windows)
+        self.assertEqual([process for _, process in self.windows()], [self.program.pid])
 
     def test_the_window_goes_with_the_application(self):
         self.install_form()
@@ -166,11 +176,21 @@ class FeedbackTest(DesktopTest):
             self.wait_for("end of the window", lambda: not self.windows(), 3)
             self.wait_for("end of its processes", lambda: not self.helpers(), 3)
 
-    def end(self):
-        self.program.terminate()
-        self.assertEqual(self.program.wait(5), 0)
-        self.program = None
-        self.wait_until_free()
+
+class SettingsTest(FeedbackTest, WindowsTest):
+    def test_the_settings_open_the_form_and_close_the_one_they_opened_before(self):
+        self.install_form()
+        self.used_for(0)
+        self.start()
+        settings = self.open("Settings", SETTINGS)
+        self.show_all_of(settings, 1000)
+        self.click(settings, OPEN)
+        _, first = self.wait_for_form()
+        subprocess.run(["xdotool", "windowactivate", "--sync", settings], check=True)
+        self.click(settings, OPEN)
+        self.wait_for("another window alone", lambda: first not in [process for _, process in self.windows() or [(0, first)]])
+        self.wait_for("second request", lambda: self.server.asked == 2)
+        self.stays_up(0.5)
 
 
 if __name__ == "__main__":
