@@ -4,6 +4,8 @@
 """The tray item and its popover under a real mouse and keyboard, in a real panel."""
 import json
 import os
+import random
+import shutil
 import subprocess
 import time
 import unittest
@@ -24,10 +26,10 @@ def xdotool(*arguments):
 
 
 class PopoverTest(DesktopTest):
-    def start(self, **settings):
+    def start(self, program=PROGRAM, **settings):
         self.choose(hasSeenOnboarding=True, notificationsEnabled=False, **settings)
         xdotool("mousemove", *ELSEWHERE)
-        self.launch()
+        self.launch(program)
         self.wait_for("tray item", self.resting_item)
 
     def tray_item(self):
@@ -174,6 +176,40 @@ class ClickTest(PopoverTest):
         self.click_in_popover(QUIT)
         self.assertEqual(self.program.wait(5), 0)
         self.assertEqual(inhibitors(), [])
+
+    def test_a_hasty_hand_leaves_it_in_order(self):
+        self.start()
+        chance = random.Random(7)
+        corner = (1280 - SIZE[0], PANEL + 1)
+        places = [self.tray_item(), self.tray_item(), ELSEWHERE,
+                  *((corner[0] + x, corner[1] + y) for x, y in SEGMENTS.values())]
+        for _ in range(60):
+            if chance.random() < 0.15:
+                xdotool("key", chance.choice(["Escape", "Right", "Tab", "space"]))
+            else:
+                self.click(chance.choice(places))
+            time.sleep(chance.choice([0, 0.02, 0.1]))
+        self.stays_up(0.5)
+        xdotool("key", "Escape")
+        self.assert_closes()
+        time.sleep(SAME_CLICK)
+        self.open()
+        for mode, held in [("Always Awake", [("idle", "Manual mode")]), ("Off", [])]:
+            self.click_in_popover(SEGMENTS[mode])
+            self.wait_for("inhibitor", lambda: inhibitors() == held, 1)
+            self.wait_for("setting", lambda: self.setting("wakeMode") == mode, 1)
+
+    def test_without_its_films_the_picture_stays_empty(self):
+        alone = shutil.copy(PROGRAM, os.environ["HOME"])
+        self.start(program=alone)
+        self.open()
+        self.stays_up(0.5)
+        x, y = self.popover()
+        picture = subprocess.run(["import", "-window", "root", "-crop", f"300x200+{x + 20}+{y + 124}", "-depth", "8",
+                                  "gray:-"], capture_output=True).stdout
+        self.assertEqual(len(set(picture)), 1)
+        self.click_in_popover(QUIT)
+        self.assertEqual(self.program.wait(5), 0)
 
 
 class TrayTest(PopoverTest):

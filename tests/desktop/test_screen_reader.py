@@ -84,6 +84,18 @@ class ScreenReaderTest(DesktopTest):
             "push button: Quit, Pause orrinvale",
         ])
 
+    def focused(self):
+        """The innermost of what has the focus."""
+        having = [node for node, *_ in self.everything() if node.get_state_set().contains(Atspi.StateType.FOCUSED)]
+        return having[-1].get_name() if having else None
+
+    def test_the_focus_is_on_the_mode_and_goes_down_the_rows(self):
+        self.open(wakeMode="Off")
+        self.wait_for("focus", lambda: self.focused() == "Off", 3)
+        for name in ["Activity Log", "Settings", "Quit"]:
+            subprocess.run(["xdotool", "key", "Tab"], check=True)
+            self.wait_for("focus", lambda: self.focused() == name, 3)
+
     def test_it_chooses_a_mode_and_hears_of_it(self):
         self.open()
         always = self.node("Always Awake")
