@@ -33,12 +33,14 @@ class PopoverTest(DesktopTest):
         self.wait_for("tray item", self.resting_item)
 
     def tray_item(self):
-        """The middle of what the panel shows at its right end; None while that is empty."""
+        """The middle of what the panel shows at its right end; None while that is empty, or more than one item."""
         width = 200
         strip = subprocess.run(["import", "-window", "root", "-crop", f"{width}x{PANEL - 4}+{1280 - width}+2",
                                 "-depth", "8", "gray:-"], capture_output=True).stdout
         inked = [x for x in range(width) if any(abs(grey - strip[0]) > 24 for grey in strip[x::width])]
-        return (1280 - width + (inked[0] + inked[-1]) // 2, PANEL // 2) if inked else None
+        if not inked or inked[-1] - inked[0] > PANEL:
+            return None
+        return 1280 - width + (inked[0] + inked[-1]) // 2, PANEL // 2
 
     def popover(self, size=SIZE):
         """Where the window of that size is, or None while there is none."""
