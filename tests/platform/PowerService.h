@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "tests/platform/WaitFor.h"
+#include "tests/platform/ScriptedService.h"
 
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QProcess>
 
 #include <chrono>
 
@@ -56,42 +55,12 @@ std::chrono::milliseconds timeTaken(Work work)
     return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - begin);
 }
 
-// Runs power_service.py until it is destroyed.
-class PowerService
-{
-public:
-    // A queued one gets the name when the present owner ends, without a moment in between.
-    enum class Start { owning, queued };
-
+// power_service.py
+struct PowerService : ScriptedService {
     explicit PowerService(const QStringList& arguments, Start start = Start::owning)
+        : ScriptedService(QStringLiteral(POWER_SERVICE), arguments, start)
     {
-        const auto awaited = start == Start::owning ? QStringLiteral("ready") : QStringLiteral("started");
-        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QStringLiteral(POWER_SERVICE), arguments);
-        waitFor([&] { return lines().contains(awaited); });
     }
-    ~PowerService()
-    {
-        m_process.kill();
-        m_process.waitForFinished();
-    }
-
-    // What it was asked and answered, without the two opening lines.
-    QStringList log() { return lines().mid(2); }
-    bool logs(const QStringList& expected)
-    {
-        return waitFor([&] { return log() == expected; });
-    }
-
-private:
-    QStringList lines()
-    {
-        m_output += QString::fromUtf8(m_process.readAllStandardOutput());
-        return m_output.split(u'\n', Qt::SkipEmptyParts);
-    }
-
-    QProcess m_process;
-    QString m_output;
 };
 
 } // namespace orrinvale
