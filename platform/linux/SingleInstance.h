@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QLocalServer>
 #include <QObject>
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
+
+class QSocketNotifier;
 
 namespace orrinvale
 {
@@ -30,13 +32,16 @@ public:
     // `comeForward` is called each time another one starts.
     void listen(std::function<void()> comeForward);
     // Takes the socket away; the lock goes with the process.
-    void stop() { m_server.close(); }
+    void stop();
 
 private:
-    QString m_socketPath;
+    void accept();
+
+    std::filesystem::path m_folder;
     int m_lock = -1;
-    std::string m_lockPath;
-    QLocalServer m_server;
+    int m_socket = -1;
+    std::unique_ptr<QSocketNotifier> m_calls;
+    std::function<void()> m_comeForward;
 };
 
 } // namespace orrinvale
