@@ -3,6 +3,7 @@
 #include "orrinvale/WindowController.h"
 
 #include "orrinvale/AppSettings.h"
+#include "orrinvale/ApplicationIcon.h"
 #include "platform/Appearance.h"
 #include "platform/Platform.h"
 
@@ -63,6 +64,7 @@ WindowController::WindowController(AppSettings& settings, const Platform& platfo
     : m_settings(settings), m_platform(platform), m_window(std::make_unique<Window>(*this, shape.closing))
 {
     m_window->setWindowTitle(shape.title);
+    m_window->setWindowIcon(applicationIcon());
     m_window->setMinimumSize(shape.minimumSize);
     if (shape.size == shape.minimumSize)
         m_window->setFixedSize(shape.size);

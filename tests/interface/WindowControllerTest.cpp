@@ -61,6 +61,16 @@ struct WindowControllerTest : InterfaceFixture {
     std::unique_ptr<SomeWindow> made;
 };
 
+TEST_F(WindowControllerTest, TheWindowHasOurIconInTheSizesOfTitleBarsAndSwitchers)
+{
+    const auto icon = some().window().windowIcon();
+    for (const auto size : {16, 32, 48, 128}) {
+        const auto image = icon.pixmap(QSize(size, size), 1.0).toImage();
+        EXPECT_EQ(image.size(), QSize(size, size));
+        EXPECT_GT(image.pixelColor(size / 2, size / 2).alpha(), 200) << size;
+    }
+}
+
 TEST_F(WindowControllerTest, HasTitleAndSizesBeforeItShows)
 {
     auto& window = some().window();
