@@ -56,7 +56,7 @@ void Conversation::obey(const QByteArray& line)
         Q_EMIT raiseOrdered();
     if (!line.startsWith(feedbackLines::look))
         return;
-    if (const auto look = feedbackLines::lookNamed(line.mid(qstrlen(feedbackLines::look))))
+    if (const auto look = feedbackLines::lookNamed(line.mid(QByteArrayView(feedbackLines::look).size())))
         Q_EMIT lookOrdered(*look);
 }
 
