@@ -25,6 +25,15 @@ def inhibitors():
     return [(what, why) for what, who, why, *_ in held if who == "orrinvale"]
 
 
+def visible_windows(title):
+    """Ids of those whose title matches. A search fails when any window at all goes while it looks around."""
+    for _ in range(10):
+        search = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", title], capture_output=True, text=True)
+        if not search.stderr:
+            break
+    return search.stdout.split()
+
+
 def suspends():
     inhibitors()
     return int(bed("suspends"))

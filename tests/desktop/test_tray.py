@@ -3,13 +3,12 @@
 # SPDX-License-Identifier: MIT
 """The tray's newer protocol, with a tray that the test plays itself."""
 import os
-import subprocess
 import time
 import unittest
 
 import gi
 
-from desktop import DesktopTest
+from desktop import DesktopTest, visible_windows
 
 gi.require_version("Gio", "2.0")
 from gi.repository import Gio, GLib  # noqa: E402
@@ -87,8 +86,7 @@ class TrayTest(DesktopTest):
 
     def has_popover(self):
         self.attend()
-        windows = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^orrinvale$"], capture_output=True)
-        return bool(windows.stdout.strip())
+        return bool(visible_windows("^orrinvale$"))
 
     def test_an_item_says_what_it_is_and_names_no_menu(self):
         self.tray.come()
