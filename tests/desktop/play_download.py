@@ -22,30 +22,33 @@ told = 0
 
 
 def look(when):
-    """The inhibitors, and the log's entries that are new."""
+    """Prints the inhibitors, and the log's entries that are new; says whether the application holds an inhibitor."""
     global told
-    print(f"\n--- {when}\n" + subprocess.run(["systemd-inhibit", "--list", "--no-pager"], capture_output=True,
-                                             text=True).stdout.strip())
+    held = subprocess.run(["systemd-inhibit", "--list", "--no-pager"], capture_output=True, text=True).stdout.strip()
+    print(f"\n--- {when}\n{held}")
     entries = json.loads(log.read_text())[::-1] if log.exists() else []
     for entry in entries[told:]:
         print(f"log: {entry['date']} {entry['category']}: {entry['message']}")
     told = len(entries)
+    return any(line.startswith("orrinvale ") for line in held.splitlines())
 
 
 application = subprocess.Popen([program])
 time.sleep(2)
-look("before the download")
+before = look("before the download")
 partial = downloads / "Movie.mkv.part"
 for _ in range(6):
     with open(partial, "a") as file:
         file.write("x" * 1000)
     time.sleep(0.5)
-look("during the download")
+during = look("during the download")
 subprocess.run(["import", "-window", "root", screenshot], check=True)
 partial.rename(downloads / "Movie.mkv")
 print("\nThe download is complete; the cooldown takes 30 seconds …", flush=True)
 time.sleep(32)
-look("after the cooldown")
+after = look("after the cooldown")
 application.terminate()
 application.wait()
 print(f"\nThe screenshot is {screenshot}")
+if (before, during, after) != (False, True, False):
+    sys.exit("The download did not hold the machine awake from its beginning to its end")
