@@ -17,6 +17,7 @@ namespace orrinvale
 HourBarChartView::HourBarChartView(const LocalCalendar& calendar, QWidget* parent)
     : QWidget(parent), m_calendar(calendar), m_buckets(24)
 {
+    setMouseTracking(true); // so that a tooltip hears that the pointer has left its hour
 }
 
 void HourBarChartView::show(const DayDetail& detail)
@@ -44,10 +45,12 @@ bool HourBarChartView::event(QEvent* event)
         return QWidget::event(event);
     const auto* help = static_cast<QHelpEvent*>(event);
     const Point middleOfPixel{help->x() + 0.5, height() - help->y() - 0.5};
-    const auto hour = HourBars(m_buckets, width(), height()).hourAt(middleOfPixel);
-    if (hour) {
-        const auto text = hourBarText(*hour, m_buckets[static_cast<std::size_t>(*hour)], m_calendar);
-        QToolTip::showText(help->globalPos(), plainToolTip(QString::fromStdString(text)), this);
+    const HourBars chart(m_buckets, width(), height());
+    if (const auto hour = chart.hourAt(middleOfPixel)) {
+        const auto index = static_cast<std::size_t>(*hour);
+        const auto text = hourBarText(*hour, m_buckets[index], m_calendar);
+        const QRectF column(chart.bars[index].x, 0, chart.bars[index].width, height());
+        QToolTip::showText(help->globalPos(), plainToolTip(QString::fromStdString(text)), this, column.toAlignedRect());
     } else {
         QToolTip::hideText();
     }

@@ -124,6 +124,19 @@ TEST_F(HourBarChartViewTest, HoveringBetweenTheBarsTellsNothing)
     EXPECT_EQ(hover(14 * step - 3, 98), QString());
 }
 
+TEST_F(HourBarChartViewTest, WhatWasSaidOfAnHourGoesWhenThePointerLeavesIt)
+{
+    show({{14, 2700}});
+    chart.setVisible(true);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&chart));
+    ASSERT_NE(hover(14 * step + 5, 50), QString());
+    movePointer(chart, {14 * step + 7, 60});
+    EXPECT_FALSE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 500));
+    movePointer(chart, {15 * step + 5, 60});
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 2000));
+    EXPECT_TRUE(chart.hasMouseTracking());
+}
+
 TEST_F(HourBarChartViewTest, SaysItsTotalAndBusiestHour)
 {
     EXPECT_EQ(chart.accessibleName(), QString());
