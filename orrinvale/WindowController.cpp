@@ -14,6 +14,8 @@
 #include <QScreen>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace orrinvale
 {
 
@@ -103,12 +105,22 @@ void WindowController::restyle()
     m_window->update();
 }
 
+// A window larger than the screen shows its upper left corner.
+void WindowController::moveToMiddle()
+{
+    const auto* screen = QGuiApplication::primaryScreen();
+    if (!screen)
+        return;
+    const auto available = screen->availableGeometry();
+    const auto corner = available.center() - m_window->rect().center();
+    m_window->move(std::max(corner.x(), available.left()), std::max(corner.y(), available.top()));
+}
+
 void WindowController::showWindow()
 {
     restyle();
     if (!m_wasShown) {
-        if (const auto* screen = QGuiApplication::primaryScreen())
-            m_window->move(screen->availableGeometry().center() - m_window->rect().center());
+        moveToMiddle();
         m_wasShown = true;
     }
     m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);

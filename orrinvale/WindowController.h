@@ -57,6 +57,7 @@ private:
     class Window;
 
     void restyle();
+    void moveToMiddle();
 
     AppSettings& m_settings;
     const Platform& m_platform;

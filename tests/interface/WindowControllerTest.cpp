@@ -119,6 +119,13 @@ TEST_F(WindowControllerTest, StandsInTheMiddleTheFirstTimeAndWhereItWasPutAfterw
     EXPECT_EQ(made->window().pos(), QPoint(30, 40));
 }
 
+TEST_F(WindowControllerTest, TheTitleOfAWindowLargerThanTheScreenIsOnIt)
+{
+    const auto screen = QGuiApplication::primaryScreen()->availableGeometry();
+    some({QStringLiteral("Large"), screen.size() + QSize(100, 200), {100, 100}}).showWindow();
+    EXPECT_EQ(made->window().pos(), screen.topLeft());
+}
+
 TEST_F(WindowControllerTest, ShowsTheSameWindowAgainAfterClosing)
 {
     some().showWindow();
