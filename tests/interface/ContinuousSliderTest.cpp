@@ -122,6 +122,15 @@ TEST_F(ContinuousSliderTest, OtherButtonsAndHoveringDoNothing)
     EXPECT_THAT(changes, IsEmpty());
 }
 
+TEST_F(ContinuousSliderTest, TheWheelIsLeftToTheColumn)
+{
+    const QPointF middle = at(0.5);
+    QWheelEvent wheel(middle, slider.mapToGlobal(middle), {}, {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&slider, &wheel);
+    EXPECT_FALSE(wheel.isAccepted());
+    EXPECT_THAT(changes, IsEmpty());
+}
+
 TEST_F(ContinuousSliderTest, KeysMoveItBySmallAndLargeSteps)
 {
     key(Qt::Key_Right);
