@@ -12,7 +12,7 @@ import time
 import unittest
 from pathlib import Path
 
-from desktop import PROGRAM, DesktopTest, inhibitors
+from desktop import PROGRAM, DesktopTest, inhibitors, visible_windows
 
 POPOVER = (340, 700)
 ROWS = {"Activity Log": (170, 540), "Settings": (170, 596)}  # in the popover
@@ -45,14 +45,14 @@ class WindowsTest(DesktopTest):
         found = []
 
         def looks():
-            found[:] = xdotool("search", "--onlyvisible", "--name", title).split()
+            found[:] = visible_windows(title)
             return found
 
         self.wait_for(title, looks, 5)
         return found[-1]
 
     def wait_for_end_of(self, title):
-        self.wait_for("end of " + title, lambda: not xdotool("search", "--onlyvisible", "--name", title).split(), 5)
+        self.wait_for("end of " + title, lambda: not visible_windows(title), 5)
 
     def click(self, window, place):
         xdotool("mousemove", "--window", window, *place, "click", 1)
@@ -233,7 +233,7 @@ class OnboardingTest(WindowsTest):
         for key in ["alt+F4", "Escape"]:
             xdotool("windowfocus", "--sync", window, "key", key)
         time.sleep(0.3)
-        self.assertIn(window, xdotool("search", "--onlyvisible", "--name", ONBOARDING).split())
+        self.assertIn(window, visible_windows(ONBOARDING))
         self.click(window, (240, 470))
         self.wait_for_end_of(ONBOARDING)
         self.assertIs(self.setting("hasSeenOnboarding"), True)
