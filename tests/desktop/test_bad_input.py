@@ -35,7 +35,7 @@ class BadInputTest(DesktopTest):
                 self.end()
 
     def test_broken_settings_files_are_set_aside_and_the_defaults_stand(self):
-        self.settings.parent.mkdir(parents=True)
+        self.settings.parent.mkdir(parents=True, exist_ok=True)
         for name, content in BROKEN.items():
             with self.subTest(name):
                 self.settings.write_bytes(content)
