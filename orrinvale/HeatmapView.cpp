@@ -233,12 +233,15 @@ void HeatmapView::paintCells(QPainter& painter, const ActivityPalette& colours) 
 void HeatmapView::paintSelection(QPainter& painter, const HeatmapLayout& layout, const ActivityPalette& colours) const
 {
     if (const auto ring = layout.selectionRing(m_calendar.dateKey(m_selectedDate))) {
+        // Around the cell as it is drawn, so that the gap is the same on every side.
+        const auto cell = snapped(painter, flipped(ring->grownBy(-heatmapRingWidth)));
+        const auto w = heatmapRingWidth;
         painter.setPen(QPen(colours.selectionRing, heatmapRingWidth));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(flipped(*ring), ringRadius, ringRadius);
+        painter.drawRoundedRect(cell.adjusted(-w, -w, w, w), ringRadius, ringRadius);
     }
     if (showsFocusRing())
-        strokeInside(painter, flipped(layout.grid.grownBy(focusMargin + 1)), focusRadius + 1, 2,
+        strokeInside(painter, snapped(painter, flipped(layout.grid.grownBy(focusMargin + 1))), focusRadius + 1, 2,
                      WindowPalette::of(lookOf(m_isDark, m_isSakura)).focusRing);
 }
 

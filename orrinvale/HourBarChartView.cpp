@@ -4,6 +4,7 @@
 
 #include "orrinvale/DayDetail.h"
 #include "orrinvale/HourBars.h"
+#include "orrinvale/Shapes.h"
 #include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowPalette.h"
 
@@ -67,7 +68,8 @@ void HourBarChartView::paintEvent(QPaintEvent*)
     for (const auto& bar : chart.bars) {
         const auto onScreen = bar.flipped(height());
         const auto radius = chart.cornerRadius(bar);
-        painter.drawRoundedRect(QRectF(onScreen.x, onScreen.y, onScreen.width, onScreen.height), radius, radius);
+        const QRectF place(onScreen.x, onScreen.y, onScreen.width, onScreen.height);
+        painter.drawRoundedRect(snapped(painter, place), radius, radius);
     }
 }
 

@@ -422,6 +422,31 @@ TEST_F(HeatmapViewTest, TheCellsAreCrispOnEveryScreen)
     }
 }
 
+TEST_F(HeatmapViewTest, TheRingStandsAroundItsCellCrispAndEven)
+{
+    const auto ratio = view->devicePixelRatioF();
+    log(10, "2026-10-20T08:00:00Z");
+    view->setSelectedDate(at("2026-10-20T08:00:00Z"));
+    for (const auto width : {600, 601, 603}) {
+        view->resize(width, 196);
+        const auto rect = view->cellOnScreen(cell("2026-10-20"));
+        const auto image = picture(*view);
+        const auto y = static_cast<int>(rect.center().y() * ratio);
+        // The cell's edges as they are painted, and the pixels of gap and ring beyond them.
+        const auto level = ActivityPalette::of(false, false).levels[4];
+        auto left = static_cast<int>(rect.center().x() * ratio);
+        auto right = left;
+        while (isNearly(image.pixelColor(left - 1, y), level))
+            --left;
+        while (isNearly(image.pixelColor(right + 1, y), level))
+            ++right;
+        for (int away = 1; away <= 2.25 * ratio; ++away)
+            EXPECT_TRUE(isNearly(image.pixelColor(left - away, y), image.pixelColor(right + away, y), 8))
+                << away << " away, width " << width << ": " << image.pixelColor(left - away, y).name().toStdString()
+                << " and " << image.pixelColor(right + away, y).name().toStdString();
+    }
+}
+
 TEST_F(HeatmapViewTest, TheDaysAreCountedAnewAfterMidnight)
 {
     cell("2026-10-28");

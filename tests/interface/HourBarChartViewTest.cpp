@@ -93,6 +93,27 @@ TEST_F(HourBarChartViewTest, TheCornersAreRound)
     EXPECT_EQ(image.pixelColor(5, 0).alpha(), 255);
 }
 
+// At the scale that the process was given. Every pixel half way up is all bar or all ground.
+TEST_F(HourBarChartViewTest, TheBarsAreCrispOnEveryScreen)
+{
+    chart.resize(560, 99); // bars of 17.58
+    show({{0, 3600}, {1, 1800}, {5, 2000}, {23, 3600}});
+    const auto image = picture(chart);
+    const auto isWhole = [&](const QColor& colour) {
+        return isNearly(colour, chart.barColour()) || isNearly(colour, chart.palette().color(QPalette::Window));
+    };
+    int changes = 0;
+    for (int x = 0; x < image.width(); ++x) {
+        const auto colour = image.pixelColor(x, image.height() * 3 / 4);
+        EXPECT_TRUE(isWhole(colour)) << x << " is " << colour.name().toStdString();
+        changes += x > 0 && colour != image.pixelColor(x - 1, image.height() * 3 / 4) ? 1 : 0;
+    }
+    EXPECT_EQ(changes, 6); // the first and the last bar touch the edges
+    const auto middleOfSecond = static_cast<int>(32.4 * chart.devicePixelRatioF());
+    for (int y = 0; y < image.height(); ++y)
+        EXPECT_TRUE(isWhole(image.pixelColor(middleOfSecond, y))) << y;
+}
+
 TEST_F(HourBarChartViewTest, TheColourFollowsSakuraAlone)
 {
     show({{3, 60}});
