@@ -182,6 +182,15 @@ TEST_F(PortalFilePanelsTest, SeveralPanelsMayBeOpen)
     EXPECT_EQ(m_portal->log().size(), 3);
 }
 
+TEST_F(PortalFilePanelsTest, OneAnswerCounts)
+{
+    start({QStringLiteral("twice"), QStringLiteral("0"), QStringLiteral("file:///home/anna/Films")});
+    chooseFolder();
+    ASSERT_TRUE(areAnswered());
+    runEventsFor(100ms);
+    EXPECT_THAT(m_answers, ElementsAre(Path("/home/anna/Films")));
+}
+
 TEST_F(PortalFilePanelsTest, AnAnswerMayAskAgain)
 {
     start(choosing("file:///home/anna/Films"));

@@ -4,7 +4,7 @@
 """The file chooser of a desktop portal, with a user in it: file_chooser.py REPLY [SECONDS] [URI ...]
 
 REPLY is "refuse" (an error reply), "silent" (no reply at all) or the number of the response, 0 being success, which
-comes SECONDS after the request with the URIs. Each request is a line on standard output, after "started" and "ready":
+comes SECONDS after the request with the URIs; with "twice" 0 comes two times. Each request is a line on standard output, after "started" and "ready":
 the method, the parent, the title, and the options by name without the token.
 """
 import sys
@@ -26,8 +26,9 @@ def shown(value):
 
 def respond(bus, sender, request):
     results = {"uris": GLib.Variant("as", uris)} if uris else {}
-    bus.emit_signal(sender, request, "org.freedesktop.portal.Request", "Response",
-                    GLib.Variant("(ua{sv})", (int(reply), results)))
+    for _ in range(2 if reply == "twice" else 1):
+        bus.emit_signal(sender, request, "org.freedesktop.portal.Request", "Response",
+                        GLib.Variant("(ua{sv})", (0 if reply == "twice" else int(reply), results)))
 
 
 def called(bus, sender, _path, _interface, method, parameters, invocation):
