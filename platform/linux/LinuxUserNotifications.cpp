@@ -70,9 +70,10 @@ void LinuxUserNotifications::close(quint32 id)
 void LinuxUserNotifications::askForMarkup()
 {
     m_markup = Markup::Asked;
-    callLater(m_bus, notificationCall("GetCapabilities"), this, [this](const QDBusMessage& reply) {
+    callLater(m_bus, notificationCall("GetCapabilities"), this, [this, daemon = m_daemon](const QDBusMessage& reply) {
         const auto capabilities = reply.arguments().value(0).toStringList();
-        m_markup = capabilities.contains(QStringLiteral("body-markup")) ? Markup::Supported : Markup::Plain;
+        if (daemon == m_daemon)
+            m_markup = capabilities.contains(QStringLiteral("body-markup")) ? Markup::Supported : Markup::Plain;
         for (const auto& [identifier, notification] : m_notifications)
             send(identifier);
     });
