@@ -5,6 +5,9 @@
 #include "platform/qt/QtMainQueue.h"
 #include "tests/platform/WaitFor.h"
 
+#include <QDBusObjectPath>
+#include <QDBusVirtualObject>
+
 #include <gtest/gtest.h>
 
 namespace orrinvale
@@ -77,6 +80,76 @@ TEST_F(SessionEventsTest, ASessionAlreadyAsleepIsReportedInATurnOfItsOwn)
     const auto other = events.observe([&](ScreenPresence presence) { late.push_back(presence); });
     EXPECT_TRUE(late.empty());
     EXPECT_TRUE(waitFor([&] { return late == std::vector{ScreenPresence::Asleep}; }));
+}
+
+// A login manager with one session on the system bus, as long as it lives.
+class LoginManager final : public QDBusVirtualObject
+{
+public:
+    explicit LoginManager(QVariantMap properties) : m_properties(std::move(properties))
+    {
+        m_bus.registerVirtualObject(QStringLiteral("/org/freedesktop/login1"), this, QDBusConnection::SubPath);
+        EXPECT_TRUE(m_bus.registerService(QStringLiteral("org.freedesktop.login1")));
+    }
+    ~LoginManager() override { QDBusConnection::disconnectFromBus(QStringLiteral("login")); }
+
+    QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override
+    {
+        if (message.member() == QStringLiteral("GetSession"))
+            return bus.send(message.createReply(QVariant::fromValue(QDBusObjectPath(m_path))));
+        ++readings;
+        return bus.send(message.createReply(m_properties));
+    }
+    void change(const char* property, bool value)
+    {
+        m_properties[QString::fromLatin1(property)] = value;
+        auto signal = QDBusMessage::createSignal(m_path, QStringLiteral("org.freedesktop.DBus.Properties"),
+                                                 QStringLiteral("PropertiesChanged"));
+        m_bus.send(signal << QStringLiteral("org.freedesktop.login1.Session")
+                          << QVariantMap{{QString::fromLatin1(property), value}} << QStringList());
+    }
+
+    int readings = 0;
+
+private:
+    QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SystemBus, QStringLiteral("login"));
+    const QString m_path = QStringLiteral("/org/freedesktop/login1/session/_31");
+    QVariantMap m_properties;
+};
+
+const QVariantMap usedSession{{QStringLiteral("Active"), true}, {QStringLiteral("LockedHint"), false}};
+
+TEST_F(SessionEventsTest, ALockedAndAnInactiveSessionAreAsleepTogether)
+{
+    LoginManager login(usedSession);
+    ASSERT_TRUE(waitFor([&] { return login.readings == 1; }));
+    login.change("LockedHint", true);
+    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep}));
+    login.change("Active", false);
+    login.change("LockedHint", false);
+    runEventsFor(100ms);
+    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep}));
+    login.change("Active", true);
+    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep, ScreenPresence::Awake}));
+}
+
+TEST_F(SessionEventsTest, ASessionThatIsLockedAtTheFirstReadingIsAsleep)
+{
+    LoginManager login({{QStringLiteral("Active"), true}, {QStringLiteral("LockedHint"), true}});
+    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep}));
+}
+
+TEST_F(SessionEventsTest, ALoginManagerThatGoesTakesItsWordWithItAndTheNextIsRead)
+{
+    auto login = std::make_unique<LoginManager>(usedSession);
+    ASSERT_TRUE(waitFor([&] { return login->readings == 1; }));
+    login->change("LockedHint", true);
+    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep}));
+    login.reset();
+    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep, ScreenPresence::Awake}));
+    login = std::make_unique<LoginManager>(QVariantMap{{QStringLiteral("Active"), false}});
+    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep, ScreenPresence::Awake, ScreenPresence::Asleep}));
 }
 
 } // namespace
