@@ -8,7 +8,7 @@ import subprocess
 import sys
 import unittest
 
-from desktop import DesktopTest, bed
+from desktop import DesktopTest, bed, inhibitors
 
 
 class DetectorsTest(DesktopTest):
@@ -38,6 +38,26 @@ class DetectorsTest(DesktopTest):
         finally:
             load.kill()
             load.wait()
+
+    def test_a_call_keeps_the_machine_awake_while_it_is_heard(self):
+        home = self.downloads.parent
+        entries = home / "data/applications"
+        entries.mkdir()
+        program = shutil.copy(shutil.which("sleep"), home / "zoom")
+        (entries / "Zoom.desktop").write_text(f"[Desktop Entry]\nType=Application\nName=Zoom\nExec={program} %U\n")
+        self.choose()
+        call = subprocess.Popen([program, "60"])
+        recording = subprocess.Popen(["parecord", "-d", "mic", "--raw", "/dev/null"])
+        try:
+            self.launch()
+            self.wait_for("call", lambda: inhibitors() == [("idle", "Zoom call in progress")], 20)
+            self.wait_for("log", lambda: self.messages() == ["Zoom call in progress"])
+            recording.kill()
+            self.wait_for("end of the call", lambda: len(self.messages()) == 2, 20)  # the application still runs
+        finally:
+            for process in [call, recording]:
+                process.kill()
+                process.wait()
 
     def test_notifications_tell_of_both_changes(self):
         def shown():
