@@ -10,6 +10,8 @@ import unittest
 from pathlib import Path
 
 PROGRAM = os.environ["ORRINVALE"]
+# Files are closed to it like to any user, whoever runs the tests.
+ORDINARY = ["setpriv", "--bounding-set=-dac_override,-dac_read_search", PROGRAM]
 
 
 def bed(*arguments):
@@ -74,9 +76,9 @@ class DesktopTest(unittest.TestCase):
         self.settings.parent.mkdir(parents=True, exist_ok=True)
         self.settings.write_text(json.dumps({"orrinvale." + key: value for key, value in settings.items()}))
 
-    def launch(self, program=PROGRAM):
+    def launch(self, *command):
         with open(os.environ["HOME"] + "/output", "w") as log:
-            self.program = subprocess.Popen([program], stdout=log, stderr=subprocess.STDOUT)
+            self.program = subprocess.Popen(command or [PROGRAM], stdout=log, stderr=subprocess.STDOUT)
         self.launched.append(self.program)
         self.wait_for("the application", lambda: (Path(os.environ["XDG_RUNTIME_DIR"]) / "orrinvale.socket").exists())
 

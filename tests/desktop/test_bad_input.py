@@ -4,12 +4,13 @@
 """Broken files, hostile names and missing folders: each has its answer, and the application stays up."""
 import json
 import os
+import select
 import subprocess
 import time
 import unittest
 from unittest import mock
 
-from desktop import PROGRAM, DesktopTest, inhibitors
+from desktop import ORDINARY, PROGRAM, DesktopTest, inhibitors
 
 BROKEN = {"truncated": b'[{"id":"0F6B3C2E', "empty": b"", "binary": bytes(range(256)), "wrong": b'{"a": [1, "b", null]}',
           "huge": b"[" + b'{"id": 1},' * 5_000_000}
@@ -76,6 +77,16 @@ class BadInputTest(DesktopTest):
         self.download()
         self.wait_for("inhibitor", inhibitors, 7)
 
+    def test_a_downloads_folder_closed_to_the_user_is_one_line_and_its_opening_is_seen(self):
+        self.download()
+        self.downloads.chmod(0)
+        self.launch(*ORDINARY)
+        self.stays_up(0.5)
+        self.assertEqual(self.output(), "⚠️ DownloadMonitor: could not open Downloads directory\n")
+        self.assertEqual(inhibitors(), [])
+        self.downloads.chmod(0o700)
+        self.wait_for("inhibitor", inhibitors, 7)
+
     def test_a_file_in_the_folders_place_is_one_line(self):
         self.downloads.rmdir()
         self.downloads.write_text("a file")
@@ -108,6 +119,53 @@ class BadInputTest(DesktopTest):
         self.wait_for("inhibitor", inhibitors)
         self.stays_up(1)
         self.assertEqual((self.support.read_text(), self.output()), ("a file", ""))
+
+    def test_a_support_folder_closed_to_writing_changes_nothing_else(self):
+        self.support.mkdir(parents=True)
+        (self.support / "activity_log.json").write_text("[]")
+        self.support.chmod(0o500)
+        self.choose(wakeMode="Always Awake")
+        self.launch(*ORDINARY)
+        self.wait_for("inhibitor", inhibitors)
+        self.stays_up(1)
+        self.assertEqual([file.name for file in self.support.iterdir()], ["activity_log.json"])
+        self.assertEqual(((self.support / "activity_log.json").read_text(), self.output()), ("[]", ""))
+        self.end()
+
+    def kill_while_it_saves(self, file):
+        """A FIFO in the place of what it writes first holds it up in the middle; what it had written by then stays."""
+        begun = file.with_name(f".{file.name}.tmp")
+        os.mkfifo(begun)
+        self.launched.append(subprocess.Popen([PROGRAM], stdout=subprocess.DEVNULL))
+        pipe = os.open(begun, os.O_RDONLY | os.O_NONBLOCK)
+        self.assertTrue(select.select([pipe], [], [], 10)[0], f"{file.name} is not saved by way of another file")
+        part = os.read(pipe, 1000)
+        self.launched[-1].kill()
+        self.launched[-1].wait()
+        os.close(pipe)
+        begun.unlink()
+        begun.write_bytes(part)
+        self.assertEqual(len(part), 1000)
+
+    def test_a_kill_in_the_middle_of_saving_leaves_whole_files(self):
+        log = self.support / "activity_log.json"
+        self.choose(wakeMode="Always Awake", padding="x" * 300_000)
+        self.launch()
+        self.wait_for("log", self.messages)
+        self.program.kill()
+        self.program.wait()
+        entry = json.loads(log.read_text())[0]
+        log.write_text(json.dumps([{**entry, "message": "x" * 300_000}]))
+        self.choose(wakeMode="Always Awake", padding="x" * 300_000)
+        for file in [self.settings, log]:
+            whole = file.read_bytes()
+            self.kill_while_it_saves(file)
+            self.assertEqual(file.read_bytes(), whole)
+            self.assertNotEqual(list(file.parent.glob(".*")), [])
+            self.choose(wakeMode="Always Awake")
+        self.launch()
+        self.wait_for("next save", lambda: self.messages() == ["Manual mode", "x" * 300_000])
+        self.assertEqual(list(self.support.glob(".*")) + list(self.settings.parent.glob(".*")), [])
 
     def test_a_platform_without_a_window_system_opens_the_popover_too(self):
         with mock.patch.dict(os.environ, QT_QPA_PLATFORM="offscreen"):
