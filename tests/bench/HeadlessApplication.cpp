@@ -47,7 +47,7 @@ int main(int argc, char** argv)
     TerminationSignals termination;
     QCoreApplication application(argc, argv);
     termination.listen([] { QCoreApplication::quit(); });
-    LinuxPlatform desktop({[] { return false; }, [](AppearanceChoice) {}});
+    LinuxPlatform desktop({[] { return false; }, [] { return false; }, [](std::optional<bool>) {}});
     const auto platform = desktop.platform();
     desktop.prime();
     AppSettings::provide(platform, LocalCalendar::user());
