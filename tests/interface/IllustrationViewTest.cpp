@@ -286,6 +286,18 @@ TEST(Films, BothFilmsOpenAndRunForEver)
     }
 }
 
+// The scaler writes whole vectors of 64 bytes, past the end of a line that has no room for them.
+TEST(Film, FramesHaveRoomForTheScalersVectors)
+{
+    const auto film = openFilm(awake);
+    ASSERT_TRUE(film);
+    for (const auto& size : {QSize(300, 200), QSize(450, 300), QSize(600, 400), QSize(901, 601)}) {
+        const auto frame = film->nextFrame(size);
+        EXPECT_EQ(frame.size(), size);
+        EXPECT_EQ(frame.bytesPerLine() % 64, 0) << size.width();
+    }
+}
+
 TEST(Films, ThereIsNoOther)
 {
     EXPECT_FALSE(openFilm(QStringLiteral("illustration_dancing")));

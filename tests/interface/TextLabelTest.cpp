@@ -146,6 +146,36 @@ TEST(Typography, FontsAreTheDesktopsInTheirOwnSizeWeightAndTracking)
     EXPECT_EQ(font.letterSpacingType(), QFont::AbsoluteSpacing);
 }
 
+// Of what a label in black on white shows; black and grey have none.
+int mostSaturation(const QString& text)
+{
+    TextLabel label(nullptr, Qt::ElideRight);
+    label.setContent(text);
+    label.setStyle(textFont(14), Qt::black);
+    label.resize(200, 24);
+    QImage image(label.size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    label.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+    auto most = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            most = std::max(most, image.pixelColor(x, y).hsvSaturation());
+    }
+    return most;
+}
+
+TEST(TextLabelEmoji, CharactersThatArePicturesOrAskForItAreDrawnInColour)
+{
+    EXPECT_GT(mostSaturation(QStringLiteral("⚙️  Settings")), 40);
+    EXPECT_GT(mostSaturation(QStringLiteral("Mac is about to sleep. ☕")), 40);
+    EXPECT_GT(mostSaturation(QStringLiteral("🍵  Activity Log")), 40);
+}
+
+TEST(TextLabelEmoji, OtherCharactersAreTextInTheLabelsColour)
+{
+    EXPECT_LT(mostSaturation(QStringLiteral("⚙  Settings 1 # ©")), 10);
+}
+
 } // namespace
 
 } // namespace orrinvale
