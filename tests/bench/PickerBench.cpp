@@ -8,6 +8,7 @@
 #include "platform/linux/LinuxInstalledApplications.h"
 #include "platform/qt/QtMainQueue.h"
 #include "tests/bench/Bench.h"
+#include "tests/bench/RealParts.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -48,31 +49,8 @@ struct Subject {
     QtMainQueue queue;
     ThreadSerialQueue background{"background"};
     LinuxInstalledApplications installed;
-    Platform platform = platformOf(*this);
-
-    static Platform platformOf(Subject& self)
-    {
-        const auto rest = self.fake.platform();
-        return {self.queue,
-                rest.serialQueues,
-                self.background,
-                rest.clock,
-                rest.applicationSupport,
-                rest.appearance,
-                rest.cpuCounters,
-                rest.folderWatcher,
-                self.installed,
-                rest.loginItem,
-                rest.mediaDevices,
-                rest.networkCounters,
-                rest.powerAssertions,
-                rest.powerSources,
-                rest.processStatus,
-                rest.runningApplications,
-                rest.sessionEvents,
-                rest.userDefaults,
-                rest.userNotifications};
-    }
+    Platform platform =
+        bench::platformOf(fake, {.mainQueue = &queue, .background = &background, .installedApplications = &installed});
 
     std::unique_ptr<AppPicker> loadedPicker()
     {

@@ -6,6 +6,7 @@
 #include "platform/linux/LinuxRunningApplications.h"
 #include "platform/qt/QtMainQueue.h"
 #include "tests/bench/Bench.h"
+#include "tests/bench/RealParts.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -68,32 +69,9 @@ struct Subject {
     QtMainQueue queue;
     ThreadSerialQueue background{"background"};
     LinuxRunningApplications applications{queue, background};
-    Platform platform = platformOf(*this);
+    Platform platform =
+        bench::platformOf(fake, {.mainQueue = &queue, .background = &background, .runningApplications = &applications});
     ProcessDetector detector{platform};
-
-    static Platform platformOf(Subject& self)
-    {
-        const auto rest = self.fake.platform();
-        return {self.queue,
-                rest.serialQueues,
-                self.background,
-                rest.clock,
-                rest.applicationSupport,
-                rest.appearance,
-                rest.cpuCounters,
-                rest.folderWatcher,
-                rest.installedApplications,
-                rest.loginItem,
-                rest.mediaDevices,
-                rest.networkCounters,
-                rest.powerAssertions,
-                rest.powerSources,
-                rest.processStatus,
-                self.applications,
-                rest.sessionEvents,
-                rest.userDefaults,
-                rest.userNotifications};
-    }
 
     // What the detector's timer does every ten seconds, up to the moment when its result has been taken.
     void evaluateOnce()

@@ -19,6 +19,7 @@
 #include "platform/linux/LinuxUserDefaults.h"
 #include "platform/qt/QtMainQueue.h"
 #include "tests/bench/Bench.h"
+#include "tests/bench/RealParts.h"
 #include "tests/shots/History.h"
 
 #include <QApplication>
@@ -108,35 +109,12 @@ struct Subject {
         engine.state.set(WakeState::awake("a reason"));
     }
 
-    static Platform platformOf(Subject& self)
-    {
-        const auto rest = self.fake.platform();
-        return {self.queue,
-                rest.serialQueues,
-                self.background,
-                rest.clock,
-                rest.applicationSupport,
-                rest.appearance,
-                rest.cpuCounters,
-                rest.folderWatcher,
-                rest.installedApplications,
-                rest.loginItem,
-                rest.mediaDevices,
-                rest.networkCounters,
-                rest.powerAssertions,
-                rest.powerSources,
-                rest.processStatus,
-                rest.runningApplications,
-                rest.sessionEvents,
-                self.defaults,
-                rest.userNotifications};
-    }
-
     FakePlatform fake;
     QtMainQueue queue;
     ThreadSerialQueue background{"background"};
     LinuxUserDefaults defaults;
-    Platform platform = platformOf(*this);
+    Platform platform =
+        bench::platformOf(fake, {.mainQueue = &queue, .background = &background, .userDefaults = &defaults});
     LocalCalendar calendar{"UTC", "en_US"};
     AppSettings settings{platform, calendar};
     WakeEngine engine{platform, settings, calendar};
