@@ -4,7 +4,6 @@
 
 #include "orrinvale/InstalledFiles.h"
 
-#include <QLibrary>
 #include <QResource>
 
 namespace orrinvale
@@ -13,23 +12,10 @@ namespace orrinvale
 namespace
 {
 
-FilmEntryPoint loadDecoder()
-{
-    const auto path = moduleFile(QStringLiteral("orrinvale-film.so"));
-    if (!path)
-        return nullptr;
-    QLibrary module(*path);
-    // A library that became too old or too new for the module shows here, not at the call that misses it.
-    module.setLoadHints(QLibrary::ResolveAllSymbolsHint);
-    const auto entryPoint = reinterpret_cast<FilmEntryPoint>(module.resolve(ORRINVALE_FILM_ENTRY_POINT));
-    if (!entryPoint)
-        module.unload();
-    return entryPoint;
-}
-
 FilmEntryPoint decoder()
 {
-    static const auto entryPoint = loadDecoder();
+    static const auto entryPoint = reinterpret_cast<FilmEntryPoint>(
+        moduleEntryPoint(QStringLiteral("orrinvale-film.so"), ORRINVALE_FILM_ENTRY_POINT));
     return entryPoint;
 }
 

@@ -25,9 +25,8 @@ public:
 // of its own, which the first call loads: it is far larger than the rest of the program.
 std::unique_ptr<Film> openFilm(const QString& name);
 
-// What the decoder module exports under the build's ORRINVALE_FILM_ENTRY_POINT, a name that bears the version: a
-// program that is running while another version is installed finds no film rather than one of another shape. `data`
-// outlives the film. Null for no film.
+// What the decoder module exports under the build's ORRINVALE_FILM_ENTRY_POINT. `data` outlives the film. Null for no
+// film.
 using FilmEntryPoint = Film* (*)(const unsigned char* data, std::size_t size);
 
 } // namespace orrinvale

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QLibrary>
 
 namespace orrinvale
 {
@@ -17,6 +18,20 @@ std::optional<QString> moduleFile(const QString& name)
             return QFileInfo(path).canonicalFilePath();
     }
     return std::nullopt;
+}
+
+QFunctionPointer moduleEntryPoint(const QString& module, const char* name)
+{
+    const auto path = moduleFile(module);
+    if (!path)
+        return nullptr;
+    QLibrary library(*path);
+    // A library that became too old or too new for the module shows here, not at the call that misses it.
+    library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
+    const auto entryPoint = library.resolve(name);
+    if (!entryPoint)
+        library.unload();
+    return entryPoint;
 }
 
 } // namespace orrinvale
