@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/Popover.h"
 
+#include "orrinvale/InlineToolTip.h"
+#include "orrinvale/LayerSurface.h"
 #include "orrinvale/Look.h"
 #include "orrinvale/OverlayScrollArea.h"
 #include "orrinvale/PopoverLayout.h"
@@ -40,11 +42,12 @@ QScreen* screenOf(const PopoverAnchor& anchor)
     return screen ? screen : QGuiApplication::primaryScreen();
 }
 
+constexpr auto popoverFlags = Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint;
+
 } // namespace
 
 Popover::Popover(QWidget* content, const Colours& colours, Composition composition)
-    : QWidget(nullptr, Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint), m_content(content),
-      m_scrollArea(new OverlayScrollArea(this)), m_colours(colours),
+    : QWidget(nullptr, popoverFlags), m_content(content), m_scrollArea(new OverlayScrollArea(this)), m_colours(colours),
       m_isComposited(composition == Composition::composited), m_shadow(m_isComposited ? shadowWidth : 0)
 {
     setWindowTitle(QStringLiteral("orrinvale"));
@@ -54,6 +57,8 @@ Popover::Popover(QWidget* content, const Colours& colours, Composition compositi
     content->installEventFilter(this);
     setColours(colours);
 }
+
+Popover::~Popover() = default;
 
 void Popover::setColours(const Colours& colours)
 {
@@ -68,22 +73,72 @@ QRect Popover::body() const
     return rect().adjusted(m_shadow, m_shadow, -m_shadow, -m_shadow);
 }
 
-void Popover::fitHeight(const QRect& available)
+void Popover::fitHeight(int available)
 {
-    const auto height = popoverHeight(m_content->height(), available.height());
+    m_availableHeight = available;
+    const auto height = popoverHeight(m_content->height(), available);
     setFixedSize(PopoverLayout::width + 2 * m_shadow, height + 2 * m_shadow);
+    if (m_layer)
+        m_layer->resize(size());
 }
 
 void Popover::showAt(const PopoverAnchor& anchor)
 {
+    openLayer(anchor);
+    if (!m_layer)
+        showInDesktop(anchor);
+}
+
+void Popover::openLayer(const PopoverAnchor& anchor)
+{
+    setWindowFlags(popoverFlags | Qt::BypassWindowManagerHint);
+    auto* screen = screenOf(anchor);
+    fitHeight(screen->availableGeometry().height());
+    create();
+    LayerSurface::Client client;
+    client.refused = [this, anchor] {
+        m_layer.reset();
+        showInDesktop(anchor);
+    };
+    client.place = [this, anchor, screen](int availableHeight) {
+        fitHeight(availableHeight);
+        auto placement = popoverLayerPlacement(anchor, body().size(), screen->geometry());
+        placement.size = size();
+        placement.margins -= m_shadow;
+        return placement;
+    };
+    client.ready = [this] {
+        new InlineToolTip(*this, body()); // Qt can put no window of another kind on top of the layer's
+        present();
+    };
+    client.dismissed = [this] { end(Closing::elsewhere); };
+    m_layer = openLayerSurface(*windowHandle(), anchor.pointer ? screen : nullptr, client);
+}
+
+void Popover::showInDesktop(const PopoverAnchor& anchor)
+{
+    setWindowFlags(popoverFlags);
     const auto* screen = screenOf(anchor);
-    fitHeight(screen->availableGeometry());
+    fitHeight(screen->availableGeometry().height());
     const auto position = popoverPosition(anchor, body().size(), screen->geometry(), screen->availableGeometry());
     move(position - body().topLeft());
+    present();
+}
+
+void Popover::present()
+{
     show();
     raise();
     activateWindow();
     m_content->setFocus(Qt::PopupFocusReason);
+}
+
+// The place on the layer must be given back before Qt takes the surface itself away.
+void Popover::setVisible(bool isVisible)
+{
+    if (!isVisible)
+        m_layer.reset();
+    QWidget::setVisible(isVisible);
 }
 
 void Popover::resizeEvent(QResizeEvent* event)
@@ -136,8 +191,7 @@ void Popover::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() != Qt::Key_Escape)
         return QWidget::keyPressEvent(event);
-    m_closing = Closing::escape;
-    close();
+    end(Closing::escape);
 }
 
 // What shines through the shadow is not the popover.
@@ -145,27 +199,43 @@ void Popover::mousePressEvent(QMouseEvent* event)
 {
     if (body().contains(event->position().toPoint()))
         return QWidget::mousePressEvent(event);
-    close();
+    end(Closing::elsewhere);
 }
 
 void Popover::closeByOwner()
 {
-    m_closing = Closing::owner;
-    close();
+    end(Closing::owner);
+}
+
+// Also before it was given its place.
+void Popover::end(Closing closing)
+{
+    m_closing = closing;
+    m_layer.reset();
+    if (isVisible())
+        close();
+    else
+        tellClosed();
+}
+
+void Popover::tellClosed()
+{
+    if (onClose)
+        std::exchange(onClose, nullptr)(m_closing);
 }
 
 void Popover::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
-    if (onClose && !event->spontaneous())
-        std::exchange(onClose, nullptr)(m_closing);
+    if (!event->spontaneous())
+        tellClosed();
 }
 
 // Where a popup is an ordinary window, losing the focus is the click elsewhere.
 bool Popover::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowDeactivate && isVisible() && !hasPopupGrab())
-        close();
+        end(Closing::elsewhere);
     return QWidget::event(event);
 }
 
@@ -173,7 +243,7 @@ bool Popover::event(QEvent* event)
 bool Popover::eventFilter(QObject* object, QEvent* event)
 {
     if (object == m_content && event->type() == QEvent::Resize && isVisible())
-        fitHeight(screen()->availableGeometry());
+        fitHeight(m_availableHeight);
     return QWidget::eventFilter(object, event);
 }
 

@@ -7,10 +7,12 @@
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 
 namespace orrinvale
 {
 
+class LayerSurface;
 class OverlayScrollArea;
 
 // The rounded window that carries the popover's content, above all other windows. It closes on Escape and on a click
@@ -30,10 +32,13 @@ public:
 
     // Takes the content, whose width is the popover's; what is higher than the popover or the screen scrolls.
     Popover(QWidget* content, const Colours& colours, Composition composition);
+    ~Popover() override;
 
     void setColours(const Colours& colours);
     void closeByOwner();
+    // At once, or on Wayland when the compositor has given it its place.
     void showAt(const PopoverAnchor& anchor);
+    void setVisible(bool isVisible) override;
     // The visible part, without the shadow around it; in this window's coordinates.
     QRect body() const;
 
@@ -54,7 +59,12 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
-    void fitHeight(const QRect& available);
+    void openLayer(const PopoverAnchor& anchor);
+    void showInDesktop(const PopoverAnchor& anchor);
+    void present();
+    void end(Closing closing);
+    void tellClosed();
+    void fitHeight(int available);
     void applyMask();
     void paintShadow(QPainter& painter);
 
@@ -63,6 +73,8 @@ private:
     Colours m_colours;
     bool m_isComposited;
     int m_shadow; // its width on each side
+    std::unique_ptr<LayerSurface> m_layer;
+    int m_availableHeight = 0; // of the screen, in which no panel is
     Closing m_closing = Closing::elsewhere;
 };
 

@@ -59,6 +59,25 @@ QPoint popoverPosition(const PopoverAnchor& anchor, const QSize& size, const QRe
     return clampedInto(panelCorner(size, screen, available), size, available);
 }
 
+LayerPlacement popoverLayerPlacement(const PopoverAnchor& anchor, const QSize& size, const QRect& screen)
+{
+    if (!anchor.pointer)
+        return {size, Qt::TopEdge | Qt::RightEdge, {0, cornerGap, cornerGap, 0}};
+    const auto left = std::max(cornerGap, anchor.pointer->x() - screen.left() - size.width() / 2);
+    const auto right = std::max(cornerGap, screen.right() + 1 - anchor.pointer->x() - size.width() / 2);
+    const auto isAtRight = anchor.pointer->x() > screen.center().x();
+    const auto isAtBottom = anchor.pointer->y() > screen.center().y();
+    return {size,
+            (isAtBottom ? Qt::BottomEdge : Qt::TopEdge) | (isAtRight ? Qt::RightEdge : Qt::LeftEdge),
+            {isAtRight ? 0 : left, isAtBottom ? 0 : gap, isAtRight ? right : 0, isAtBottom ? gap : 0}};
+}
+
+bool isPlausibleClick(const QPoint& click, const QRect& desktop)
+{
+    constexpr auto largestIcon = 64;
+    return desktop.contains(click) && (click.x() >= largestIcon || click.y() >= largestIcon);
+}
+
 bool isPlausibleIcon(const QRect& icon, const QRect& desktop)
 {
     constexpr auto undocked = QRect(0, 0, 22, 22); // what Qt tells of an icon that no tray has taken

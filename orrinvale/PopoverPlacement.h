@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "orrinvale/LayerSurface.h"
+
 #include <QRect>
 
 #include <optional>
@@ -21,6 +23,13 @@ int popoverHeight(int contentHeight, int availableHeight);
 // The upper left corner of a popover of `size`: on the icon's side that points into the screen, else at the pointer,
 // else in the corner next to the panel; always wholly on the screen's available part where it fits.
 QPoint popoverPosition(const PopoverAnchor& anchor, const QSize& size, const QRect& screen, const QRect& available);
+
+// The same as the margins of a layer surface, which knows its screen only by its size: below or above the pointer, else
+// in the upper right corner, where most panels have their tray.
+LayerPlacement popoverLayerPlacement(const PopoverAnchor& anchor, const QSize& size, const QRect& screen);
+
+// Some trays of Wayland tell where in their icon a click was, which is where on the screen no icon is.
+bool isPlausibleClick(const QPoint& click, const QRect& desktop);
 
 // A tray that has not placed its icon tells nonsense: an empty one, or one in the corner of an undocked window.
 bool isPlausibleIcon(const QRect& icon, const QRect& desktop);

@@ -74,7 +74,10 @@ void StatusItem::notifyTray()
     m_embedded.reset();
     if (!m_notifier) {
         m_notifier = std::make_unique<StatusNotifierItem>(QDBusConnection::sessionBus());
-        m_notifier->onClick = [this] { click(); };
+        m_notifier->onClick = [this](const QPoint& place) {
+            m_click = place;
+            click();
+        };
         showIcon();
         showToolTip();
     }
@@ -134,13 +137,16 @@ void StatusItem::showToolTip()
 
 PopoverAnchor StatusItem::anchor() const
 {
+    const auto desktop = QGuiApplication::primaryScreen()->virtualGeometry();
     PopoverAnchor anchor;
-    if (!isOnX11())
-        return anchor;
-    anchor.pointer = QCursor::pos();
-    const auto geometry = m_embedded ? m_embedded->geometry() : QRect();
-    if (isPlausibleIcon(geometry, QGuiApplication::primaryScreen()->virtualGeometry()))
-        anchor.icon = geometry;
+    if (isOnX11()) {
+        anchor.pointer = QCursor::pos();
+        const auto geometry = m_embedded ? m_embedded->geometry() : QRect();
+        if (isPlausibleIcon(geometry, desktop))
+            anchor.icon = geometry;
+    } else if (isPlausibleClick(m_click, desktop)) {
+        anchor.pointer = m_click;
+    }
     return anchor;
 }
 

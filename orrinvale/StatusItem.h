@@ -51,6 +51,7 @@ private Q_SLOTS:
     void notifyTray();
 
 private:
+    QPoint m_click; // the last one, as the tray told
     MainQueue& m_queue;
     QIcon m_icon;
     QString m_toolTip;

@@ -111,20 +111,20 @@ void StatusNotifierItem::setToolTip(const QString& text)
     Q_EMIT NewToolTip();
 }
 
-void StatusNotifierItem::click()
+void StatusNotifierItem::click(const QPoint& place)
 {
     if (onClick)
-        onClick();
+        onClick(place);
 }
 
-void StatusNotifierItem::Activate(int, int)
+void StatusNotifierItem::Activate(int x, int y)
 {
-    click();
+    click({x, y});
 }
 
-void StatusNotifierItem::ContextMenu(int, int)
+void StatusNotifierItem::ContextMenu(int x, int y)
 {
-    click();
+    click({x, y});
 }
 
 // Which lets the window that the click opens have the focus; Qt takes it from there.

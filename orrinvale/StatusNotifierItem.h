@@ -6,6 +6,7 @@
 #include <QIcon>
 #include <QList>
 #include <QObject>
+#include <QPoint>
 
 #include <functional>
 
@@ -67,8 +68,8 @@ public:
     const NotifierPixmaps& iconPixmap() const { return m_pixmaps; }
     const NotifierToolTip& toolTip() const { return m_toolTip; }
 
-    // Left and right click alike.
-    std::function<void()> onClick;
+    // Left and right click alike; with the place of the click as the host tells it.
+    std::function<void(const QPoint& place)> onClick;
 
 public Q_SLOTS
     : // named as the protocol names them; the position is that of the click, in coordinates of the host's choice
@@ -84,7 +85,7 @@ Q_SIGNALS:
     void NewStatus(const QString& status);
 
 private:
-    void click();
+    void click(const QPoint& place);
 
     QDBusConnection m_bus;
     NotifierPixmaps m_pixmaps;

@@ -3,6 +3,7 @@
 #include "orrinvale/AppDelegate.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/ApplicationPalette.h"
+#include "orrinvale/LayerSurface.h"
 #include "orrinvale/LocalCalendar.h"
 #include "orrinvale/WidgetFilePanels.h"
 #include "orrinvale/WidgetInterface.h"
@@ -32,6 +33,7 @@ std::filesystem::path instanceFolder()
 
 int main(int argc, char** argv)
 {
+    allowLayerSurfaces();
     TerminationSignals termination;
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("orrinvale"));

@@ -90,7 +90,8 @@ class DesktopTest(unittest.TestCase):
         while time.monotonic() < end:
             if condition():
                 return time.monotonic()
-            self.assertTrue(not self.program or self.program.poll() is None, "the application ended: " + self.output())
+            if self.program and self.program.poll() is not None:
+                self.fail("the application ended: " + self.output())
             time.sleep(0.02)
         self.fail(f"no {what} within {limit} s; {inhibitors()}; {self.messages()}; {self.output()}")
 

@@ -1,7 +1,9 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The orrinvale developers
 # SPDX-License-Identifier: MIT
-"""The tray item and its popover under a real mouse on Wayland, in sway with a waybar."""
+"""The tray item and its popover under a real mouse on Wayland: in sway with a waybar, whose layer shell gives the popover
+its place, and in weston, which has none."""
+import contextlib
 import json
 import os
 import subprocess
@@ -9,16 +11,21 @@ import time
 import unittest
 from pathlib import Path
 
-from desktop import DesktopTest, bed, inhibitors
+from desktop import PROGRAM, DesktopTest, bed, inhibitors
 
 ITEM = (1270, 14)
 ELSEWHERE = (200, 600)
-SHADOW = 16
+ON_THE_PANEL = (300, 14)
+CORNER = (1280 - 8 - 340, 28 + 8)  # where the popover is, below a panel of 28
+BESIDE = (CORNER[0] - 40, 300)  # what is left of it, and of its shadow
+GROUND = "#F5F1E9"  # of the popover
 ALWAYS_AWAKE = (170, 386)  # in the popover
+TITLE_OF_REASON = (170, 458)
+BELOW_TITLE = (180, 478)  # between two texts
 QUIT = (170, 652)
 
 
-class WaylandTest(DesktopTest):
+class OnWayland(DesktopTest):
     def setUp(self):
         super().setUp()
         # The X server is for the mouse; the application must not know of it.
@@ -33,6 +40,17 @@ class WaylandTest(DesktopTest):
     def input(self, *arguments):
         subprocess.run(["xdotool", *map(str, arguments)], check=True, env={**os.environ, "DISPLAY": self.display})
 
+    def start_again(self):
+        subprocess.run([PROGRAM], check=True, timeout=10)
+
+    def colour(self, x, y):
+        """What is seen there, as #RRGGBB."""
+        pixel = subprocess.run(["import", "-window", "root", "-crop", f"1x1+{x}+{y}", "-depth", "8", "rgb:-"],
+                               capture_output=True, check=True, env={**os.environ, "DISPLAY": self.display}).stdout
+        return "#" + pixel.hex().upper()
+
+
+class WaylandTest(OnWayland):
     def start(self):
         self.choose(hasSeenOnboarding=True, notificationsEnabled=False)
         self.launch()
@@ -47,16 +65,17 @@ class WaylandTest(DesktopTest):
         return items[0] if items else None
 
     def popover(self):
-        """The upper left corner of what is seen of it, without its shadow; None while there is none."""
+        return self.colour(CORNER[0] + 4, 300) == GROUND
+
+    def sway(self, *arguments):
         socket = next((Path(os.environ["BED"]) / "sway").glob("sway-ipc.*.sock"))
-        tree = subprocess.run(["swaymsg", "-s", socket, "-t", "get_tree"], capture_output=True, text=True, check=True)
+        return subprocess.run(["swaymsg", "-s", socket, *arguments], capture_output=True, text=True, check=True).stdout
 
-        def find(node):
-            if node.get("app_id") == "orrinvale":
-                return node["rect"]["x"] + SHADOW, node["rect"]["y"] + SHADOW
-            return next(filter(None, map(find, node["nodes"] + node["floating_nodes"])), None)
-
-        return find(json.loads(tree.stdout))
+    def windows(self):
+        """How many ordinary ones there are; one on a layer is none."""
+        def count(node):
+            return ("pid" in node) + sum(map(count, node["nodes"] + node["floating_nodes"]))
+        return count(json.loads(self.sway("-t", "get_tree")))
 
     def click(self, place, button=1):
         self.input("mousemove", *place)
@@ -64,14 +83,13 @@ class WaylandTest(DesktopTest):
         self.input("click", button)
 
     def click_in_popover(self, place):
-        x, y = self.popover()
-        self.click((x + place[0], y + place[1]))
+        self.click((CORNER[0] + place[0], CORNER[1] + place[1]))
 
     def open(self, button=1):
         self.wait_for("picture of the item in the tray", self.item_is_shown)
+        time.sleep(0.5)  # else it may be the second one of a double click, which this tray tells as three
         self.click(ITEM, button)
         self.wait_for("popover", self.popover, 3)
-        time.sleep(0.3)  # its first frame, and where it floats
 
     def item_is_shown(self):
         strip = subprocess.run(["import", "-window", "root", "-crop", "20x24+1258+2", "-depth", "8", "gray:-"],
@@ -84,7 +102,7 @@ class WaylandTest(DesktopTest):
     def assert_stays_closed(self):
         end = time.monotonic() + 0.6
         while time.monotonic() < end:
-            self.assertIsNone(self.popover())
+            self.assertFalse(self.popover())
             time.sleep(0.05)
 
     def test_a_click_opens_and_the_second_one_closes_and_does_not_open_again(self):
@@ -95,14 +113,59 @@ class WaylandTest(DesktopTest):
             self.assert_closes()
             self.assert_stays_closed()
 
-    def test_a_click_elsewhere_and_escape_close_it(self):
+    def test_it_stands_in_the_corner_by_the_panel_and_is_no_ordinary_window(self):
+        self.start()
+        ground = self.colour(*BESIDE)
+        self.open()
+        self.assertEqual(self.windows(), 0)
+        self.assertEqual(self.colour(*BESIDE), ground)
+        right = CORNER[0] + 340
+        self.assertEqual([self.colour(x, 300) == GROUND for x in [CORNER[0] - 1, CORNER[0] + 1, right - 2, right]],
+                         [False, True, True, False])
+        bottom = CORNER[1] + 700
+        self.assertEqual([self.colour(1100, y) == GROUND for y in [CORNER[1] - 1, CORNER[1] + 1, bottom - 2, bottom]],
+                         [False, True, True, False])
+
+    def test_a_click_elsewhere_on_the_panel_too_and_escape_close_it(self):
         self.start()
         self.open()
         self.input("key", "Escape")
         self.assert_closes()
+        for place in [ELSEWHERE, ON_THE_PANEL, BESIDE]:
+            with self.subTest(place=place):
+                self.open()
+                self.click(place)
+                self.assert_closes()
+                self.assert_stays_closed()
+
+    def test_a_second_start_opens_it_and_on_a_low_screen_it_is_as_high_as_there_is_room(self):
+        self.start()
+        self.sway("output", "X11-1", "scale", "2")
+        try:
+            self.start_again()
+            middle = 2 * (640 - 8 - 170)
+            lowest = 800 - 2 * 8 - 1
+            self.wait_for("popover", lambda: self.colour(middle, lowest - 4) == GROUND)
+            self.assertNotEqual(self.colour(middle, lowest + 2), GROUND)
+            self.input("key", "Escape")
+            self.wait_for("its end", lambda: self.colour(middle, lowest - 4) != GROUND)
+        finally:
+            self.sway("output", "X11-1", "scale", "1")
+
+    def test_the_tooltip_of_a_long_reason_is_within_it(self):
+        self.start()
+        (self.downloads / f"{'a long name ' * 8}.part").write_text("x")
+        self.wait_for("inhibitor", inhibitors)
         self.open()
-        self.click(ELSEWHERE)
-        self.assert_closes()
+        below = CORNER[0] + BELOW_TITLE[0], CORNER[1] + BELOW_TITLE[1]
+        self.input("mousemove", CORNER[0] + TITLE_OF_REASON[0], CORNER[1] + TITLE_OF_REASON[1])
+        time.sleep(0.1)
+        self.input("mousemove", CORNER[0] + TITLE_OF_REASON[0] + 5, CORNER[1] + TITLE_OF_REASON[1])
+        ground = self.colour(*below)
+        self.wait_for("tooltip", lambda: self.colour(*below) != ground, 3)
+        self.assertEqual(self.windows(), 0)
+        self.input("mousemove", *ELSEWHERE)
+        self.wait_for("end of the tooltip", lambda: self.colour(*below) == ground, 3)
 
     def test_it_is_used_like_any_other(self):
         self.start()
@@ -126,6 +189,42 @@ class WaylandTest(DesktopTest):
             self.assert_closes()
             bed("stop", "waybar")
         bed("start", "waybar")
+
+
+class WithoutLayerShellTest(OnWayland):
+    def test_the_popover_is_an_ordinary_window_that_escape_closes(self):
+        self.choose(hasSeenOnboarding=True)
+        with self.weston():
+            self.launch()
+            self.stays_up(1)
+            self.start_again()
+            self.wait_for("popover", self.popover)
+            self.input("key", "Escape")
+            self.wait_for("end of the popover", lambda: not self.popover(), 3)
+            self.assertIsNone(self.program.poll())
+
+    @contextlib.contextmanager
+    def weston(self):
+        files = Path(os.environ["XDG_RUNTIME_DIR"])
+        others = os.environ["WAYLAND_DISPLAY"]
+        with open(files / "weston.log", "w") as log:
+            weston = subprocess.Popen(["weston", "--backend=x11-backend.so", "--width=1280", "--height=800",
+                                       "--use-pixman", "--socket=weston"], stdout=log, stderr=log,
+                                      env={**os.environ, "DISPLAY": self.display})
+        try:
+            self.wait_for("weston", (files / "weston").exists, 10)
+            os.environ["WAYLAND_DISPLAY"] = "weston"
+            yield
+        finally:
+            os.environ["WAYLAND_DISPLAY"] = others
+            weston.terminate()
+            weston.wait()
+
+    def popover(self):
+        """It may stand anywhere; nothing else there has so much of its colour."""
+        screen = subprocess.run(["import", "-window", "root", "-depth", "8", "rgb:-"], capture_output=True, check=True,
+                                env={**os.environ, "DISPLAY": self.display}).stdout
+        return screen.count(bytes.fromhex(GROUND[1:])) > 340 * 50
 
 
 if __name__ == "__main__":

@@ -96,6 +96,53 @@ TEST(PopoverHeight, IsThatOfTheContentUpToItsMostAndToTheRoomOnTheScreen)
     EXPECT_EQ(popoverHeight(900, 600), 584);
 }
 
+LayerPlacement inLayer(const PopoverAnchor& anchor, const QRect& on = screen)
+{
+    return popoverLayerPlacement(anchor, popover, on);
+}
+
+TEST(PopoverLayerPlacement, IsTheUpperRightCornerWhereNoClickIsKnown)
+{
+    EXPECT_EQ(inLayer({}), (LayerPlacement{popover, Qt::TopEdge | Qt::RightEdge, {0, 8, 8, 0}}));
+}
+
+TEST(PopoverLayerPlacement, IsCentredBelowOrAboveTheClick)
+{
+    EXPECT_EQ(inLayer({{}, QPoint(1500, 12)}),
+              (LayerPlacement{popover, Qt::TopEdge | Qt::RightEdge, {0, 4, 420 - 170, 0}}));
+    EXPECT_EQ(inLayer({{}, QPoint(1500, 1070)}),
+              (LayerPlacement{popover, Qt::BottomEdge | Qt::RightEdge, {0, 0, 420 - 170, 4}}));
+    EXPECT_EQ(inLayer({{}, QPoint(400, 12)}),
+              (LayerPlacement{popover, Qt::TopEdge | Qt::LeftEdge, {400 - 170, 4, 0, 0}}));
+    EXPECT_EQ(inLayer({{}, QPoint(400, 1070)}),
+              (LayerPlacement{popover, Qt::BottomEdge | Qt::LeftEdge, {400 - 170, 0, 0, 4}}));
+}
+
+TEST(PopoverLayerPlacement, KeepsAwayFromTheScreensEdge)
+{
+    EXPECT_EQ(inLayer({{}, QPoint(1910, 12)}).margins, QMargins(0, 4, 8, 0));
+    EXPECT_EQ(inLayer({{}, QPoint(10, 500)}).margins, QMargins(8, 4, 0, 0));
+}
+
+TEST(PopoverLayerPlacement, CountsFromTheScreenOfTheClick)
+{
+    const QRect right(1920, 200, 1280, 1024);
+    EXPECT_EQ(inLayer({{}, QPoint(1920 + 300, 1200)}, right),
+              (LayerPlacement{popover, Qt::BottomEdge | Qt::LeftEdge, {300 - 170, 0, 0, 4}}));
+}
+
+TEST(PlausibleClick, IsOneOnTheDesktopAndNotOneInTheIcon)
+{
+    const QRect desktop(0, 0, 3200, 1080);
+    EXPECT_TRUE(isPlausibleClick({1800, 12}, desktop));
+    EXPECT_TRUE(isPlausibleClick({12, 1070}, desktop)) << "at the foot of a panel on the left";
+    EXPECT_FALSE(isPlausibleClick({9, 12}, desktop)) << "where in the icon it was";
+    EXPECT_FALSE(isPlausibleClick({63, 63}, desktop)) << "in a large one";
+    EXPECT_FALSE(isPlausibleClick({0, 0}, desktop));
+    EXPECT_FALSE(isPlausibleClick({3200, 12}, desktop));
+    EXPECT_FALSE(isPlausibleClick({-5, 500}, desktop));
+}
+
 TEST(PlausibleIcon, IsOneOnTheDesktop)
 {
     const QRect desktop(0, 0, 3200, 1080);

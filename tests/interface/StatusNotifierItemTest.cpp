@@ -69,15 +69,15 @@ TEST_F(StatusNotifierItemTest, NamesNoMenu)
 
 TEST_F(StatusNotifierItemTest, LeftAndRightClickAreTheSameAndOthersNothing)
 {
-    auto clicks = 0;
-    item.onClick = [&] { ++clicks; };
+    std::vector<QPoint> clicks;
+    item.onClick = [&](const QPoint& place) { clicks.push_back(place); };
     item.Activate(10, 20);
-    EXPECT_EQ(clicks, 1);
-    item.ContextMenu(10, 20);
-    EXPECT_EQ(clicks, 2);
+    EXPECT_EQ(clicks, std::vector{QPoint(10, 20)});
+    item.ContextMenu(30, 40);
+    EXPECT_EQ(clicks, (std::vector{QPoint(10, 20), QPoint(30, 40)}));
     item.SecondaryActivate(10, 20);
     item.Scroll(120, QStringLiteral("vertical"));
-    EXPECT_EQ(clicks, 2);
+    EXPECT_EQ(clicks.size(), 2U);
 }
 
 TEST_F(StatusNotifierItemTest, AClickThatNobodyListensToDoesNothing)
