@@ -29,7 +29,7 @@ class BedTest(unittest.TestCase):
         self.assertEqual(result.stdout, "drained\n", result)
 
     def test_every_service_comes_up(self):
-        for service in ["dunst", "xfce-panel", "pulseaudio", "pipewire", "gnome-session", "powerdevil"]:
+        for service in ["dunst", "xfce-panel", "compositor", "screens", "pulseaudio", "pipewire", "gnome-session", "powerdevil"]:
             with self.subTest(service):
                 self.assertEqual(run([service], "echo up").stdout, "up\n")
 
