@@ -26,6 +26,8 @@ def xdotool(*arguments):
 
 
 class PopoverTest(DesktopTest):
+    panel = (0, 0, 1280)  # its left, top and width
+
     def start(self, program=PROGRAM, **settings):
         self.choose(hasSeenOnboarding=True, notificationsEnabled=False, **settings)
         xdotool("mousemove", *ELSEWHERE)
@@ -35,12 +37,13 @@ class PopoverTest(DesktopTest):
     def tray_item(self):
         """The middle of what the panel shows at its right end; None while that is empty, or more than one item."""
         width = 200
-        strip = subprocess.run(["import", "-window", "root", "-crop", f"{width}x{PANEL - 4}+{1280 - width}+2",
+        left, top = self.panel[0] + self.panel[2] - width, self.panel[1]
+        strip = subprocess.run(["import", "-window", "root", "-crop", f"{width}x{PANEL - 4}+{left}+{top + 2}",
                                 "-depth", "8", "gray:-"], capture_output=True).stdout
         inked = [x for x in range(width) if any(abs(grey - strip[0]) > 24 for grey in strip[x::width])]
         if not inked or inked[-1] - inked[0] > PANEL:
             return None
-        return 1280 - width + (inked[0] + inked[-1]) // 2, PANEL // 2
+        return left + (inked[0] + inked[-1]) // 2, top + PANEL // 2
 
     def popover(self, size=SIZE):
         """Where the window of that size is, or None while there is none."""
