@@ -31,9 +31,10 @@ Popover::Colours coloursOf(const StatusPopoverViewController& content)
 } // namespace
 
 MenuBarController::MenuBarController(WakeEngine& engine, AppSettings& settings, const Platform& platform,
-                                     StatusItem& statusItem, Destinations destinations)
+                                     StatusItem& statusItem, AvailableGeometry availableGeometry,
+                                     Destinations destinations)
     : m_engine(engine), m_settings(settings), m_platform(platform), m_statusItem(statusItem),
-      m_destinations(std::move(destinations))
+      m_availableGeometry(std::move(availableGeometry)), m_destinations(std::move(destinations))
 {
     m_statusItem.onClick = [this] { handleClick(); };
     drawIcon(WakeState::idle());
@@ -91,8 +92,9 @@ void MenuBarController::openPopover(const PopoverAnchor& anchor)
     m_popoverViewController = new StatusPopoverViewController(m_engine, m_settings, m_platform);
     wireRows();
     const auto isComposited = m_platform.appearance.isComposited();
-    m_popover = new Popover(m_popoverViewController, coloursOf(*m_popoverViewController),
-                            isComposited ? Popover::Composition::composited : Popover::Composition::none);
+    m_popover =
+        new Popover(m_popoverViewController, coloursOf(*m_popoverViewController),
+                    isComposited ? Popover::Composition::composited : Popover::Composition::none, m_availableGeometry);
     m_popoverViewController->onColoursChanged = [popover = m_popover, content = m_popoverViewController] {
         popover->setColours(coloursOf(*content));
     };

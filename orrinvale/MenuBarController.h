@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/Cancellable.h"
+#include "orrinvale/PopoverPlacement.h"
 #include "orrinvale/WakeMode.h"
 
 #include <QObject>
@@ -20,7 +21,6 @@ class StatusPopoverViewController;
 class WakeEngine;
 class WakeState;
 struct Platform;
-struct PopoverAnchor;
 
 // Keeps the status item in step with the engine, and opens the popover from it. One a process. Main thread.
 class MenuBarController final : public QObject
@@ -36,7 +36,7 @@ public:
     };
 
     MenuBarController(WakeEngine& engine, AppSettings& settings, const Platform& platform, StatusItem& statusItem,
-                      Destinations destinations);
+                      AvailableGeometry availableGeometry, Destinations destinations);
     ~MenuBarController() override;
 
     // Opens the popover, or closes it when it is shown.
@@ -61,6 +61,7 @@ private:
     AppSettings& m_settings;
     const Platform& m_platform;
     StatusItem& m_statusItem;
+    AvailableGeometry m_availableGeometry;
     Destinations m_destinations;
     Popover* m_popover = nullptr;
     StatusPopoverViewController* m_popoverViewController = nullptr; // the popover's child

@@ -46,9 +46,10 @@ constexpr auto popoverFlags = Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropSh
 
 } // namespace
 
-Popover::Popover(QWidget* content, const Colours& colours, Composition composition)
+Popover::Popover(QWidget* content, const Colours& colours, Composition composition, AvailableGeometry availableGeometry)
     : QWidget(nullptr, popoverFlags), m_content(content), m_scrollArea(new OverlayScrollArea(this)), m_colours(colours),
-      m_isComposited(composition == Composition::composited), m_shadow(m_isComposited ? shadowWidth : 0)
+      m_isComposited(composition == Composition::composited), m_shadow(m_isComposited ? shadowWidth : 0),
+      m_availableGeometry(std::move(availableGeometry))
 {
     setWindowTitle(QStringLiteral("orrinvale"));
     setAttribute(Qt::WA_TranslucentBackground, m_isComposited);
@@ -119,8 +120,9 @@ void Popover::showInDesktop(const PopoverAnchor& anchor)
 {
     setWindowFlags(popoverFlags);
     const auto* screen = screenOf(anchor);
-    fitHeight(screen->availableGeometry().height());
-    const auto position = popoverPosition(anchor, body().size(), screen->geometry(), screen->availableGeometry());
+    const auto available = m_availableGeometry(*screen);
+    fitHeight(available.height());
+    const auto position = popoverPosition(anchor, body().size(), screen->geometry(), available);
     move(position - body().topLeft());
     present();
 }

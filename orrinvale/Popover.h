@@ -31,7 +31,7 @@ public:
     enum class Composition { none, composited };
 
     // Takes the content, whose width is the popover's; what is higher than the popover or the screen scrolls.
-    Popover(QWidget* content, const Colours& colours, Composition composition);
+    Popover(QWidget* content, const Colours& colours, Composition composition, AvailableGeometry availableGeometry);
     ~Popover() override;
 
     void setColours(const Colours& colours);
@@ -74,6 +74,7 @@ private:
     bool m_isComposited;
     int m_shadow; // its width on each side
     std::unique_ptr<LayerSurface> m_layer;
+    AvailableGeometry m_availableGeometry;
     int m_availableHeight = 0; // of the screen, in which no panel is
     Closing m_closing = Closing::elsewhere;
 };

@@ -6,7 +6,10 @@
 
 #include <QRect>
 
+#include <functional>
 #include <optional>
+
+class QScreen;
 
 namespace orrinvale
 {
@@ -16,6 +19,9 @@ struct PopoverAnchor {
     std::optional<QRect> icon;     // as the tray tells, when it does and is to be believed
     std::optional<QPoint> pointer; // at the click, where the desktop lets us know
 };
+
+// The part of a screen that no panel takes.
+using AvailableGeometry = std::function<QRect(const QScreen&)>;
 
 // Of a popover whose content is that high, on a screen with that much room: what does not fit is scrolled to.
 int popoverHeight(int contentHeight, int availableHeight);

@@ -19,9 +19,10 @@ namespace orrinvale
 {
 
 WidgetInterface::WidgetInterface(AppSettings& settings, const Platform& platform, const LocalCalendar& calendar,
-                                 FilePanels& filePanels, std::function<void()> quit)
+                                 FilePanels& filePanels, AvailableGeometry availableGeometry,
+                                 std::function<void()> quit)
     : m_settings(settings), m_platform(platform), m_calendar(calendar), m_filePanels(filePanels),
-      m_quit(std::move(quit))
+      m_availableGeometry(std::move(availableGeometry)), m_quit(std::move(quit))
 {
     installAccessibility();
 }
@@ -32,7 +33,7 @@ void WidgetInterface::showStatusItem(WakeEngine& engine)
 {
     m_statusItem = std::make_unique<StatusItem>(m_platform.mainQueue);
     m_menuBar = std::make_unique<MenuBarController>(
-        engine, m_settings, m_platform, *m_statusItem,
+        engine, m_settings, m_platform, *m_statusItem, m_availableGeometry,
         MenuBarController::Destinations{[this, &engine] { showActivityLog(engine); }, [this] { showSettings(); },
                                         m_quit});
 }

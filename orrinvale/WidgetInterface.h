@@ -3,6 +3,7 @@
 #pragma once
 
 #include "orrinvale/ApplicationInterface.h"
+#include "orrinvale/PopoverPlacement.h"
 
 #include <functional>
 #include <memory>
@@ -27,7 +28,7 @@ class WidgetInterface final : public ApplicationInterface
 public:
     // All outlive the interface. `quit` ends the application whatever windows there are.
     WidgetInterface(AppSettings& settings, const Platform& platform, const LocalCalendar& calendar,
-                    FilePanels& filePanels, std::function<void()> quit);
+                    FilePanels& filePanels, AvailableGeometry availableGeometry, std::function<void()> quit);
     ~WidgetInterface() override;
 
     void showStatusItem(WakeEngine& engine) override;
@@ -45,6 +46,7 @@ private:
     const Platform& m_platform;
     const LocalCalendar& m_calendar;
     FilePanels& m_filePanels;
+    AvailableGeometry m_availableGeometry;
     std::function<void()> m_quit;
     std::unique_ptr<StatusItem> m_statusItem;
     std::unique_ptr<MenuBarController> m_menuBar;

@@ -9,6 +9,7 @@
 #include "orrinvale/WidgetInterface.h"
 #include "platform/linux/Compositing.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/Panels.h"
 #include "platform/linux/PortalFilePanels.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/TerminationSignals.h"
@@ -53,7 +54,8 @@ int main(int argc, char** argv)
     AppSettings::provide(platform, LocalCalendar::user());
     WidgetFilePanels widgetPanels;
     PortalFilePanels filePanels(QDBusConnection::sessionBus(), widgetPanels);
-    WidgetInterface interface(AppSettings::shared(), platform, LocalCalendar::user(), filePanels, end);
+    WidgetInterface interface(AppSettings::shared(), platform, LocalCalendar::user(), filePanels, partWithoutPanels,
+                              end);
     instance.listen([&] { interface.comeForward(); });
     AppDelegate delegate(platform, AppSettings::shared(), LocalCalendar::user(), interface);
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &application,

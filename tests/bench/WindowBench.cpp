@@ -120,7 +120,7 @@ struct Subject {
     WakeEngine engine{platform, settings, calendar};
     StatusItem statusItem{queue};
     FakeFilePanels panels;
-    MenuBarController menuBar{engine, settings, platform, statusItem, {}};
+    MenuBarController menuBar{engine, settings, platform, statusItem, &QScreen::availableGeometry, {}};
 };
 
 // The first opening, with all that is loaded for it, apart from the later ones.

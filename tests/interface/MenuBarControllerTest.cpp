@@ -34,7 +34,7 @@ struct MenuBarControllerTest : InterfaceFixture {
                 destinations.push_back(name);
             };
         };
-        controller.emplace(engine(), settings(), platform(), item,
+        controller.emplace(engine(), settings(), platform(), item, &QScreen::availableGeometry,
                            MenuBarController::Destinations{leadTo("activity log"), leadTo("settings"), leadTo("quit")});
         settle();
     }
@@ -230,7 +230,8 @@ TEST_F(MenuBarControllerTest, ARowByKeyboardDoesTheSame)
 
 TEST_F(MenuBarControllerTest, ARowThatLeadsNowhereClosesThePopover)
 {
-    controller.emplace(engine(), settings(), platform(), item, MenuBarController::Destinations{});
+    controller.emplace(engine(), settings(), platform(), item, &QScreen::availableGeometry,
+                       MenuBarController::Destinations{});
     click();
     QTest::mouseClick(&content().logButton(), Qt::LeftButton);
     settle();

@@ -26,7 +26,8 @@ struct PopoverTest : InterfaceFixture {
         content->setFixedSize(340, contentHeight);
         button = new QPushButton(content);
         button->setGeometry(20, contentHeight - 60, 100, 40);
-        m_popover = std::make_unique<Popover>(content, Popover::Colours{ground, border}, composition);
+        m_popover = std::make_unique<Popover>(content, Popover::Colours{ground, border}, composition,
+                                              &QScreen::availableGeometry);
         m_popover->onClose = [this](Popover::Closing closing) { closings.push_back(closing); };
         return *m_popover;
     }

@@ -25,7 +25,8 @@ const auto onboardingTitle = QStringLiteral("Welcome to orrinvale");
 struct WidgetInterfaceTest : InterfaceFixture {
     WidgetInterfaceTest()
     {
-        interface = std::make_unique<WidgetInterface>(settings(), platform(), english, panels, [this] { ++quits; });
+        interface = std::make_unique<WidgetInterface>(settings(), platform(), english, panels,
+                                                      &QScreen::availableGeometry, [this] { ++quits; });
     }
     ~WidgetInterfaceTest() override
     {

@@ -94,7 +94,7 @@ private:
         m_engine->activeSignals.set(signals);
         auto* content = new StatusPopoverViewController(*m_engine, *m_settings, *m_platform);
         Popover popover(content, {content->colours().background, content->colours().separator},
-                        Popover::Composition::composited);
+                        Popover::Composition::composited, &QScreen::availableGeometry);
         popover.showAt({});
         settle();
         save(popover, "popover-" + name);
