@@ -2,15 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/Panels.h"
 
+#include "platform/linux/XConnection.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 
 #include <algorithm>
-#include <cstdlib>
-#include <memory>
-#include <string_view>
 #include <vector>
-#include <xcb/xcb.h>
 
 namespace orrinvale
 {
@@ -21,24 +19,10 @@ namespace
 constexpr std::uint32_t mostWindows = 4096;
 constexpr auto anyType = XCB_GET_PROPERTY_TYPE_ANY;
 
-template <typename Reply>
-using Answer = std::unique_ptr<Reply, decltype(&std::free)>;
-
-xcb_atom_t atomNamed(xcb_connection_t* connection, xcb_intern_atom_cookie_t asked)
-{
-    const Answer<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(connection, asked, nullptr), &std::free);
-    return atom ? atom->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
-}
-
-xcb_intern_atom_cookie_t ask(xcb_connection_t* connection, std::string_view atom)
-{
-    return xcb_intern_atom(connection, 1, static_cast<std::uint16_t>(atom.size()), atom.data());
-}
-
 // Of a property of 32-bit values; empty where it is missing or something else.
 std::vector<std::uint32_t> valuesOf(xcb_connection_t* connection, xcb_get_property_cookie_t asked)
 {
-    const Answer<xcb_get_property_reply_t> property(xcb_get_property_reply(connection, asked, nullptr), &std::free);
+    const XReply<xcb_get_property_reply_t> property(xcb_get_property_reply(connection, asked, nullptr), &std::free);
     if (!property || property->format != 32)
         return {};
     const auto* first = static_cast<const std::uint32_t*>(xcb_get_property_value(property.get()));
@@ -47,14 +31,13 @@ std::vector<std::uint32_t> valuesOf(xcb_connection_t* connection, xcb_get_proper
 
 std::vector<PanelStrut> strutsOf(xcb_connection_t* connection, xcb_window_t root)
 {
-    const auto clientList = ask(connection, "_NET_CLIENT_LIST");
-    const auto strutPartial = ask(connection, "_NET_WM_STRUT_PARTIAL");
-    const auto listAtom = atomNamed(connection, clientList);
-    const auto strutAtom = atomNamed(connection, strutPartial);
-    const auto windows = valuesOf(connection, xcb_get_property(connection, 0, root, listAtom, anyType, 0, mostWindows));
+    const auto clientList = xAtom(connection, "_NET_CLIENT_LIST");
+    const auto strutPartial = xAtom(connection, "_NET_WM_STRUT_PARTIAL");
+    const auto windows =
+        valuesOf(connection, xcb_get_property(connection, 0, root, clientList, anyType, 0, mostWindows));
     std::vector<xcb_get_property_cookie_t> asked;
     for (const auto window : windows)
-        asked.push_back(xcb_get_property(connection, 0, window, strutAtom, anyType, 0, PanelStrut().size()));
+        asked.push_back(xcb_get_property(connection, 0, window, strutPartial, anyType, 0, PanelStrut().size()));
     std::vector<PanelStrut> struts;
     for (const auto& question : asked) {
         const auto values = valuesOf(connection, question);
@@ -100,14 +83,13 @@ QRect partWithoutStruts(const QRect& screen, const QSize& desktop, std::span<con
 
 QRect partWithoutPanels(const QScreen& screen)
 {
-    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    auto* connection = x11 ? x11->connection() : nullptr; // Qt's offscreen platform has the interface without it
+    auto* connection = xConnection();
     if (!connection || QGuiApplication::screens().size() < 2)
         return screen.availableGeometry();
     const auto root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
     const auto size = xcb_get_geometry(connection, root);
     const auto struts = strutsOf(connection, root);
-    const Answer<xcb_get_geometry_reply_t> desktop(xcb_get_geometry_reply(connection, size, nullptr), &std::free);
+    const XReply<xcb_get_geometry_reply_t> desktop(xcb_get_geometry_reply(connection, size, nullptr), &std::free);
     if (!desktop)
         return screen.availableGeometry();
     // Qt scales each screen from its upper left corner, which stays.

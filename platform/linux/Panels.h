@@ -14,8 +14,8 @@ namespace orrinvale
 {
 
 // The part of the screen that the desktop's panels leave, in logical pixels. Qt tells it where there is one screen; on
-// X11 with several it takes each for wholly free, and the panels' own word is asked for. Two round trips to the X
-// server; main thread.
+// X11 with several it takes each for wholly free, and the panels' own word is asked for. A few round trips to the
+// X server; main thread.
 QRect partWithoutPanels(const QScreen& screen);
 
 // What a panel reserves of the whole desktop, in the order of its _NET_WM_STRUT_PARTIAL: how far from the left, right,
