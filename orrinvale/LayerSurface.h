@@ -47,8 +47,11 @@ public:
 // environment that makes Qt leave a window with Qt::BypassWindowManagerHint without a surface's role.
 void allowLayerSurfaces();
 
-// For a created window with Qt::BypassWindowManagerHint that was not yet shown. `screen` may be null: the compositor
-// then takes the one in use. Null where this is not Wayland or the module is not installed.
+// Whether it is worth asking for one: this is Wayland, and the module is installed. Loads it.
+bool canAskForLayerSurface();
+
+// For a created window with Qt::BypassWindowManagerHint that was not yet shown, where canAskForLayerSurface(). `screen`
+// may be null: the compositor then takes the one in use.
 std::unique_ptr<LayerSurface> openLayerSurface(QWindow& window, QScreen* screen, const LayerSurface::Client& client);
 
 // What the module exports under the build's ORRINVALE_LAYER_SHELL_ENTRY_POINT.

@@ -85,8 +85,9 @@ void Popover::fitHeight(int available)
 
 void Popover::showAt(const PopoverAnchor& anchor)
 {
-    openLayer(anchor);
-    if (!m_layer)
+    if (canAskForLayerSurface())
+        openLayer(anchor);
+    else
         showInDesktop(anchor);
 }
 
@@ -99,6 +100,7 @@ void Popover::openLayer(const PopoverAnchor& anchor)
     LayerSurface::Client client;
     client.refused = [this, anchor] {
         m_layer.reset();
+        setWindowFlags(popoverFlags);
         showInDesktop(anchor);
     };
     client.place = [this, anchor, screen](int availableHeight) {
@@ -118,7 +120,6 @@ void Popover::openLayer(const PopoverAnchor& anchor)
 
 void Popover::showInDesktop(const PopoverAnchor& anchor)
 {
-    setWindowFlags(popoverFlags);
     const auto* screen = screenOf(anchor);
     const auto available = m_availableGeometry(*screen);
     fitHeight(available.height());
