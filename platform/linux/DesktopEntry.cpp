@@ -56,7 +56,7 @@ std::string value(const Info& info, const char* key)
     return text ? validUtf8(text.get()) : std::string();
 }
 
-std::string firstOf(std::string first, std::string second)
+std::string firstOf(const std::string& first, const std::string& second)
 {
     return first.empty() ? second : first;
 }

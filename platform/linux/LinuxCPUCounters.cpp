@@ -49,7 +49,7 @@ LinuxCPUCounters::Ticks LinuxCPUCounters::Counter::value() const
     return ticks;
 }
 
-LinuxCPUCounters::LinuxCPUCounters(std::string statFile)
+LinuxCPUCounters::LinuxCPUCounters(const std::string& statFile)
     : m_file(::open(statFile.c_str(), O_RDONLY | O_CLOEXEC)), m_openError(m_file < 0 ? errno : 0)
 {
     m_text.resize(initialBuffer);

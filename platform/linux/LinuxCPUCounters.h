@@ -16,7 +16,7 @@ namespace orrinvale
 class LinuxCPUCounters final : public CPUCounters
 {
 public:
-    explicit LinuxCPUCounters(std::string statFile = "/proc/stat");
+    explicit LinuxCPUCounters(const std::string& statFile = "/proc/stat");
     ~LinuxCPUCounters() override;
     LinuxCPUCounters(const LinuxCPUCounters&) = delete;
     LinuxCPUCounters& operator=(const LinuxCPUCounters&) = delete;

@@ -32,8 +32,8 @@ std::string quoted(const std::string& argument)
 
 } // namespace
 
-LinuxLoginItem::LinuxLoginItem(fs::path autostartFolder, fs::path executable)
-    : m_file(std::move(autostartFolder) / "orrinvale.desktop"), m_executable(std::move(executable))
+LinuxLoginItem::LinuxLoginItem(const fs::path& autostartFolder, fs::path executable)
+    : m_file(autostartFolder / "orrinvale.desktop"), m_executable(std::move(executable))
 {
 }
 

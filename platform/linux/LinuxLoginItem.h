@@ -13,7 +13,7 @@ namespace orrinvale
 class LinuxLoginItem final : public LoginItem
 {
 public:
-    LinuxLoginItem(std::filesystem::path autostartFolder, std::filesystem::path executable);
+    LinuxLoginItem(const std::filesystem::path& autostartFolder, std::filesystem::path executable);
 
     std::optional<std::string> registerApplication() override;
     std::optional<std::string> unregisterApplication() override;

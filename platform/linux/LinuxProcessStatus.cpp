@@ -101,7 +101,7 @@ ProcessReading readProcesses(const std::string& procFolder)
 }
 
 std::string processTable(const std::string& procFolder, const ProcessReading& first, const ProcessReading& second,
-                         std::chrono::duration<double> interval)
+                         std::chrono::duration<double> elapsed)
 {
     static const auto ticksPerSecond = static_cast<double>(::sysconf(_SC_CLK_TCK));
     std::vector<Row> rows;
@@ -109,7 +109,7 @@ std::string processTable(const std::string& procFolder, const ProcessReading& fi
         const auto before = first.find(key);
         const auto ticks = now.ticks - (before == first.end() ? 0 : before->second.ticks);
         if (ticks > 0 && !isMachinery(now.comm))
-            rows.push_back({key.first, static_cast<double>(ticks) / ticksPerSecond / interval.count() * 100, now.comm});
+            rows.push_back({key.first, static_cast<double>(ticks) / ticksPerSecond / elapsed.count() * 100, now.comm});
     }
     std::stable_sort(rows.begin(), rows.end(), [](const Row& a, const Row& b) { return a.percent > b.percent; });
     std::string table = "  PID  %CPU COMMAND\n";
