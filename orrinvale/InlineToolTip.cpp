@@ -48,6 +48,7 @@ bool InlineToolTip::eventFilter(QObject* object, QEvent* event)
         }
         break;
     case QEvent::Leave:
+    case QEvent::Hide:
         if (object == m_owner)
             end();
         break;
@@ -65,6 +66,7 @@ bool InlineToolTip::eventFilter(QObject* object, QEvent* event)
 void InlineToolTip::showFor(QWidget& owner)
 {
     m_owner = &owner;
+    connect(&owner, &QObject::destroyed, this, &InlineToolTip::end, Qt::UniqueConnection);
     setPalette(QToolTip::palette());
     setFont(QToolTip::font());
     setText(owner.toolTip());

@@ -99,6 +99,17 @@ TEST_F(InlineToolTipTest, GoesWithThePointerAPressTheWheelAndAKey)
     }
 }
 
+TEST_F(InlineToolTipTest, GoesWithItsOwner)
+{
+    hover(*owner);
+    owner->hide();
+    EXPECT_FALSE(tip->isVisible());
+    owner->show();
+    hover(*owner);
+    delete owner;
+    EXPECT_FALSE(tip->isVisible());
+}
+
 TEST_F(InlineToolTipTest, StaysWhenThePointerLeavesAnotherWidget)
 {
     QWidget other(&window);
