@@ -9,6 +9,7 @@
 #include "wlr-layer-shell-unstable-v1-client.h"
 
 #include <QGuiApplication>
+#include <QPointer>
 #include <QScreen>
 #include <QWindow>
 #include <qpa/qplatformnativeinterface.h>
@@ -127,6 +128,8 @@ public:
         setFlags(Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
         create();
         m_surface = surfaceOf(*this);
+        if (!m_surface)
+            return;
         m_viewport.reset(wp_viewporter_get_viewport(viewporter, m_surface));
         m_layer.reset(zwlr_layer_shell_v1_get_layer_surface(shell, m_surface, outputOf(&screen), shieldLayer, purpose));
         zwlr_layer_surface_v1_add_listener(m_layer.get(), &listener, this);
@@ -232,7 +235,8 @@ private:
     {
         auto& self = *static_cast<WaylandLayerSurface*>(data);
         self.m_allGlobalsKnown.reset();
-        if (self.m_shell && self.m_shm && self.m_viewporter)
+        self.m_surface = surfaceOf(self.m_window);
+        if (self.m_surface && self.m_shell && self.m_shm && self.m_viewporter)
             self.m_buffer = transparentBuffer(self.m_shm.get());
         if (self.m_buffer)
             return self.open();
@@ -246,7 +250,6 @@ private:
         for (auto* screen : QGuiApplication::screens())
             m_shields.push_back(
                 new Shield(*screen, m_shell.get(), m_viewporter.get(), m_buffer.get(), m_client.dismissed));
-        m_surface = surfaceOf(m_window);
         m_layer.reset(
             zwlr_layer_shell_v1_get_layer_surface(m_shell.get(), m_surface, outputOf(m_screen), windowLayer, purpose));
         zwlr_layer_surface_v1_add_listener(m_layer.get(), &layerListener, this);
@@ -288,7 +291,7 @@ private:
     static constexpr zwlr_layer_surface_v1_listener layerListener{configure, closed};
 
     QWindow& m_window;
-    QScreen* m_screen;
+    QPointer<QScreen> m_screen;
     Client m_client;
     Registry m_registry;
     Callback m_allGlobalsKnown;

@@ -103,9 +103,9 @@ void Popover::openLayer(const PopoverAnchor& anchor)
         setWindowFlags(popoverFlags);
         showInDesktop(anchor);
     };
-    client.place = [this, anchor, screen](int availableHeight) {
+    client.place = [this, anchor, geometry = screen->geometry()](int availableHeight) {
         fitHeight(availableHeight);
-        auto placement = popoverLayerPlacement(anchor, body().size(), screen->geometry());
+        auto placement = popoverLayerPlacement(anchor, body().size(), geometry);
         placement.size = size();
         placement.margins -= m_shadow;
         return placement;

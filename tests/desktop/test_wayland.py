@@ -6,6 +6,7 @@ its place, and in weston, which has none."""
 import contextlib
 import json
 import os
+import signal
 import subprocess
 import time
 import unittest
@@ -68,8 +69,11 @@ class WaylandTest(OnWayland):
         return self.colour(CORNER[0] + 4, 300) == GROUND
 
     def sway(self, *arguments):
-        socket = next((Path(os.environ["BED"]) / "sway").glob("sway-ipc.*.sock"))
-        return subprocess.run(["swaymsg", "-s", socket, *arguments], capture_output=True, text=True, check=True).stdout
+        return subprocess.run(["swaymsg", "-s", self.sway_socket(), *arguments], capture_output=True, text=True,
+                              check=True).stdout
+
+    def sway_socket(self):
+        return next((Path(os.environ["BED"]) / "sway").glob("sway-ipc.*.sock"))
 
     def windows(self):
         """How many ordinary ones there are; one on a layer is none."""
@@ -151,6 +155,20 @@ class WaylandTest(OnWayland):
             self.wait_for("its end", lambda: self.colour(middle, lowest - 4) != GROUND)
         finally:
             self.sway("output", "X11-1", "scale", "1")
+
+    def test_a_compositor_that_hangs_holds_nothing_up(self):
+        self.start()
+        service, _, path = self.item().partition("/")
+        pid = int(self.sway_socket().name.split(".")[-2])
+        os.kill(pid, signal.SIGSTOP)
+        try:
+            for _ in ["opens", "closes before it is to be seen"]:
+                subprocess.run(["busctl", "--user", "--timeout=1", "call", service, "/" + path,
+                                "org.kde.StatusNotifierItem", "Activate", "ii", "0", "0"], check=True)
+        finally:
+            os.kill(pid, signal.SIGCONT)
+        self.assert_stays_closed()
+        self.open()
 
     def test_the_tooltip_of_a_long_reason_is_within_it(self):
         self.start()
