@@ -134,8 +134,10 @@ void LinuxCPUCounters::parseLine(std::string_view line)
 void LinuxCPUCounters::restartWhenLarge()
 {
     const auto restart = [](Counter& counter) {
-        const auto value = counter.value();
-        if (*std::max_element(value.begin(), value.end()) >= restartAt)
+        auto room = restartAt; // of all four, whose sum could leave even 64 bits
+        for (const auto ticks : counter.value())
+            room -= std::min(room, ticks);
+        if (room == 0)
             counter.base = counter.highest;
     };
     restart(m_host);

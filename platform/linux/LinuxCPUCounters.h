@@ -12,7 +12,8 @@ namespace orrinvale
 {
 
 // Ticks from /proc/stat. Single counters of it may fall (iowait does), so each one handed out is the maximum of its
-// readings; they count from this object's making and begin again at zero before 2^30, so that no uptime overflows them.
+// readings. They count from this object's making, and a processor's four begin again at zero before their sum is 2^30,
+// so that no uptime overflows them, nor the sum of their differences when they fall.
 class LinuxCPUCounters final : public CPUCounters
 {
 public:

@@ -8,8 +8,11 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <numeric>
 
 #include <unistd.h>
+
+#include <fmt/format.h>
 
 namespace orrinvale
 {
@@ -69,13 +72,50 @@ TEST_F(CPUCountersTest, AnOfflineProcessorKeepsItsValuesAndItsSlot)
     EXPECT_EQ(counters.processors(), (Cores{5, 0, 0, 0, 2, 0, 0, 0, 6, 0, 0, 0}));
 }
 
-TEST_F(CPUCountersTest, BeginsAgainAtZeroBeforeThirtyBitsAreFull)
+TEST_F(CPUCountersTest, BeginsAgainAtZeroBeforeTheSumFillsThirtyBits)
 {
     write("cpu  0 0 0 0 0 0 0\ncpu0 0 0 0 0 0 0 0\n");
     LinuxCPUCounters counters(file);
-    write("cpu  0 0 0 1073741823 0 0 0\ncpu0 0 0 0 1073741823 0 0 0\n");
-    EXPECT_EQ(counters.host().ticks.idle, 1073741823u);
-    write("cpu  0 0 0 1073741824 0 0 0\ncpu0 0 0 0 1073741824 0 0 0\n");
+    write("cpu  3 1 2 1073741817 0 0 0\ncpu0 3 1 2 1073741817 0 0 0\n");
+    EXPECT_EQ(counters.host().ticks.idle, 1073741817u);
+    EXPECT_EQ(counters.processors(), (Cores{3, 2, 1073741817, 1}));
+    write("cpu  3 1 2 1073741818 0 0 0\ncpu0 3 1 2 1073741818 0 0 0\n");
+    EXPECT_EQ(counters.host().ticks.idle, 0u);
+    EXPECT_EQ(counters.processors(), (Cores{0, 0, 0, 0}));
+}
+
+TEST_F(CPUCountersTest, NoStepOfTheSumExceedsThirtyBitsHoweverTheTimeIsSpread)
+{
+    struct Spread {
+        std::int64_t user, nice, system, idle; // percent
+    };
+    for (const auto& [user, nice, system, idle] : {Spread{45, 0, 10, 45}, Spread{25, 25, 25, 25}, Spread{0, 0, 0, 100},
+                                                   Spread{50, 0, 0, 50}, Spread{0, 33, 33, 34}}) {
+        write("cpu  0 0 0 0 0 0 0\ncpu0 0 0 0 0 0 0 0\n");
+        LinuxCPUCounters counters(file);
+        std::int64_t before = 0;
+        int restarts = 0;
+        for (std::int64_t percent = 0; percent < 60'000'000; percent += 2'000'000) {
+            const auto times =
+                fmt::format(" {} {} {} {} 0 0 0\n", user * percent, nice * percent, system * percent, idle * percent);
+            write("cpu " + times + "cpu0" + times);
+            counters.host();
+            const auto cores = counters.processors().value();
+            const auto now = std::accumulate(cores.begin(), cores.end(), std::int64_t{0});
+            EXPECT_LT(std::abs(now - before), 1 << 30) << times;
+            restarts += now < before ? 1 : 0;
+            before = now;
+        }
+        EXPECT_EQ(restarts, 4); // 29 steps of 2 * 10^8, each time after six
+    }
+}
+
+TEST_F(CPUCountersTest, ALeapBeyondSixtyFourBitsInSumBeginsAgainToo)
+{
+    write("cpu  0 0 0 0 0 0 0\ncpu0 0 0 0 0 0 0 0\n");
+    LinuxCPUCounters counters(file);
+    write("cpu  9223372036854775809 0 0 9223372036854775809 0 0 0\n"
+          "cpu0 9223372036854775809 0 0 9223372036854775809 0 0 0\n");
     EXPECT_EQ(counters.host().ticks.idle, 0u);
     EXPECT_EQ(counters.processors(), (Cores{0, 0, 0, 0}));
 }
