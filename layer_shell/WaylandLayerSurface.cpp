@@ -3,6 +3,7 @@
 
 // Speaks the layer shell's protocol for a window whose surface Qt has made and left without a role. Under it lies a
 // transparent shield over every screen, which takes the click elsewhere: to other windows' surfaces a client is blind.
+// A fullscreen window may lie above the shield; a click on it is its own.
 #include "orrinvale/LayerSurface.h"
 
 #include "viewporter-client.h"
@@ -12,7 +13,9 @@
 #include <QPointer>
 #include <QScreen>
 #include <QWindow>
+#include <private/qhighdpiscaling_p.h>
 #include <qpa/qplatformnativeinterface.h>
+#include <qpa/qplatformscreen.h>
 
 #include <algorithm>
 #include <cstring>
@@ -75,10 +78,17 @@ wl_surface* surfaceOf(QWindow& window)
         QGuiApplication::platformNativeInterface()->nativeResourceForWindow("surface", &window));
 }
 
+// Without any, Qt has a screen that nothing stands behind.
+bool isReal(const QScreen& screen)
+{
+    return !screen.handle()->isPlaceholder();
+}
+
 wl_output* outputOf(QScreen* screen)
 {
     auto& native = *QGuiApplication::platformNativeInterface();
-    return screen ? static_cast<wl_output*>(native.nativeResourceForScreen("output", screen)) : nullptr;
+    return screen && isReal(*screen) ? static_cast<wl_output*>(native.nativeResourceForScreen("output", screen))
+                                     : nullptr;
 }
 
 std::uint32_t anchorsOf(Qt::Edges edges)
@@ -211,7 +221,7 @@ public:
     void resize(const QSize& size) override
     {
         if (m_layer)
-            setSize(m_layer.get(), size); // takes effect with the window's next frame
+            setSize(m_layer.get(), inSurface(size)); // takes effect with the window's next frame
     }
 
 private:
@@ -236,7 +246,8 @@ private:
         auto& self = *static_cast<WaylandLayerSurface*>(data);
         self.m_allGlobalsKnown.reset();
         self.m_surface = surfaceOf(self.m_window);
-        if (self.m_surface && self.m_shell && self.m_shm && self.m_viewporter)
+        if (self.m_surface && isReal(*QGuiApplication::primaryScreen()) && self.m_shell && self.m_shm &&
+            self.m_viewporter)
             self.m_buffer = transparentBuffer(self.m_shm.get());
         if (self.m_buffer)
             return self.open();
@@ -257,31 +268,43 @@ private:
                                                          ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_EXCLUSIVE);
         // Between top and bottom, to be told what height there is.
         zwlr_layer_surface_v1_set_anchor(m_layer.get(), anchorsOf(Qt::TopEdge | Qt::BottomEdge));
-        setSize(m_layer.get(), QSize(m_window.width(), 0));
+        setSize(m_layer.get(), inSurface(QSize(m_window.width(), 0)));
         wl_surface_commit(m_surface);
     }
 
-    void place(int availableHeight)
+    // Where Qt scales by a factor of its own, a surface's units are not those of its window.
+    QSize inSurface(const QSize& size) const { return size * QHighDpiScaling::factor(&m_window); }
+
+    void place(const QSize& told)
     {
         m_isPlaced = true;
-        const auto placement = m_client.place(availableHeight);
-        const auto& margins = placement.margins;
-        setSize(m_layer.get(), placement.size);
+        const auto factor = QHighDpiScaling::factor(&m_window);
+        const auto placement = m_client.place(static_cast<int>(told.height() / factor));
+        const auto margins = (QMarginsF(placement.margins) * factor).toMargins();
+        setSize(m_layer.get(), inSurface(placement.size));
         zwlr_layer_surface_v1_set_anchor(m_layer.get(), anchorsOf(placement.edges));
         zwlr_layer_surface_v1_set_margin(m_layer.get(), margins.top(), margins.right(), margins.bottom(),
                                          margins.left());
         wl_surface_commit(m_surface);
+        if (told == inSurface(placement.size)) // then some compositors have nothing more to say
+            present();
     }
 
-    static void configure(void* data, zwlr_layer_surface_v1* layer, std::uint32_t serial, std::uint32_t,
+    void present()
+    {
+        if (m_client.ready)
+            std::exchange(m_client.ready, nullptr)();
+    }
+
+    static void configure(void* data, zwlr_layer_surface_v1* layer, std::uint32_t serial, std::uint32_t width,
                           std::uint32_t height)
     {
         auto& self = *static_cast<WaylandLayerSurface*>(data);
         zwlr_layer_surface_v1_ack_configure(layer, serial);
-        if (!self.m_isPlaced)
-            self.place(static_cast<int>(height));
-        else if (self.m_client.ready)
-            std::exchange(self.m_client.ready, nullptr)();
+        if (self.m_isPlaced)
+            self.present();
+        else
+            self.place({static_cast<int>(width), static_cast<int>(height)});
     }
     static void closed(void* data, zwlr_layer_surface_v1*)
     {

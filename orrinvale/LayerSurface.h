@@ -14,7 +14,8 @@ class QWindow;
 namespace orrinvale
 {
 
-// Where a layer surface lies: at which edges of the part of the screen that no panel takes, and how far from them.
+// Where a layer surface lies: at which edges of the part of the screen that no panel on a layer takes, and how far from
+// them.
 struct LayerPlacement {
     QSize size;
     Qt::Edges edges;
@@ -22,16 +23,16 @@ struct LayerPlacement {
     bool operator==(const LayerPlacement&) const = default;
 };
 
-// A window of ours above all others, at a place of our choice, with the keyboard, and with every click elsewhere: on
+// A window of ours above all others, at a place of our choice, with the keyboard, and with the clicks elsewhere: on
 // Wayland only the layer shell grants that. Whoever holds it lets go before the window is hidden. Main thread; nothing
 // here waits, the compositor's answers come in turns of their own.
 class LayerSurface
 {
 public:
     struct Client {
-        // This compositor has no layer shell. The window is as it was, but must be created anew before it is shown.
+        // There can be none here. The window is as it was, but must be created anew before it is shown.
         std::function<void()> refused;
-        // Where it is to be on a screen with that much height that no panel takes. Called once.
+        // Where it is to be on a screen with that much height that no panel on a layer takes. Called once.
         std::function<LayerPlacement(int availableHeight)> place;
         // It has its place, and the window may be shown. Called once.
         std::function<void()> ready;

@@ -53,8 +53,9 @@ Popover::Popover(QWidget* content, const Colours& colours, Composition compositi
 {
     setWindowTitle(QStringLiteral("orrinvale"));
     setAttribute(Qt::WA_TranslucentBackground, m_isComposited);
-    m_scrollArea->setStyleSheet(QStringLiteral("background: transparent"));
     m_scrollArea->setWidget(content);
+    m_scrollArea->viewport()->setAutoFillBackground(false);
+    content->setAutoFillBackground(false);
     content->installEventFilter(this);
     setColours(colours);
 }
@@ -104,10 +105,11 @@ void Popover::openLayer(const PopoverAnchor& anchor)
         showInDesktop(anchor);
     };
     client.place = [this, anchor, geometry = screen->geometry()](int availableHeight) {
-        fitHeight(availableHeight);
-        auto placement = popoverLayerPlacement(anchor, body().size(), geometry);
-        placement.size = size();
+        auto placement = popoverLayerPlacement(anchor, m_content->height(), geometry, availableHeight);
+        placement.size = placement.size.grownBy(QMargins() + m_shadow);
         placement.margins -= m_shadow;
+        m_availableHeight = availableHeight;
+        setFixedSize(placement.size);
         return placement;
     };
     client.ready = [this] {

@@ -14,6 +14,7 @@ namespace
 
 constexpr auto gap = 4;
 constexpr auto cornerGap = 8;
+constexpr auto halfIcon = 16; // of a large one
 constexpr auto screenMargin = 8;
 
 int clamped(int wanted, int least, int most)
@@ -59,17 +60,26 @@ QPoint popoverPosition(const PopoverAnchor& anchor, const QSize& size, const QRe
     return clampedInto(panelCorner(size, screen, available), size, available);
 }
 
-LayerPlacement popoverLayerPlacement(const PopoverAnchor& anchor, const QSize& size, const QRect& screen)
+LayerPlacement popoverLayerPlacement(const PopoverAnchor& anchor, int contentHeight, const QRect& screen,
+                                     int availableHeight)
 {
+    constexpr auto width = PopoverLayout::width;
     if (!anchor.pointer)
-        return {size, Qt::TopEdge | Qt::RightEdge, {0, cornerGap, cornerGap, 0}};
-    const auto left = std::max(cornerGap, anchor.pointer->x() - screen.left() - size.width() / 2);
-    const auto right = std::max(cornerGap, screen.right() + 1 - anchor.pointer->x() - size.width() / 2);
-    const auto isAtRight = anchor.pointer->x() > screen.center().x();
-    const auto isAtBottom = anchor.pointer->y() > screen.center().y();
-    return {size,
+        return {{width, popoverHeight(contentHeight, availableHeight)},
+                Qt::TopEdge | Qt::RightEdge,
+                {0, cornerGap, cornerGap, 0}};
+    const auto click = *anchor.pointer;
+    const auto isAtRight = click.x() > screen.center().x();
+    const auto isAtBottom = click.y() > screen.center().y();
+    const auto left = std::max(cornerGap, click.x() - screen.left() - width / 2);
+    const auto right = std::max(cornerGap, screen.right() + 1 - click.x() - width / 2);
+    // Where nothing is taken, the panel is of another kind, and reaches half an icon beyond the click.
+    const auto toEdge = isAtBottom ? screen.bottom() - click.y() : click.y() - screen.top();
+    const auto panel = availableHeight < screen.height() ? 0 : toEdge + halfIcon;
+    const auto away = panel + gap;
+    return {{width, popoverHeight(contentHeight, availableHeight - panel)},
             (isAtBottom ? Qt::BottomEdge : Qt::TopEdge) | (isAtRight ? Qt::RightEdge : Qt::LeftEdge),
-            {isAtRight ? 0 : left, isAtBottom ? 0 : gap, isAtRight ? right : 0, isAtBottom ? gap : 0}};
+            {isAtRight ? 0 : left, isAtBottom ? 0 : away, isAtRight ? right : 0, isAtBottom ? away : 0}};
 }
 
 bool isPlausibleClick(const QPoint& click, const QRect& desktop)

@@ -30,9 +30,11 @@ int popoverHeight(int contentHeight, int availableHeight);
 // else in the corner next to the panel; always wholly on the screen's available part where it fits.
 QPoint popoverPosition(const PopoverAnchor& anchor, const QSize& size, const QRect& screen, const QRect& available);
 
-// The same as the margins of a layer surface, which knows its screen only by its size: below or above the pointer, else
-// in the upper right corner, where most panels have their tray.
-LayerPlacement popoverLayerPlacement(const PopoverAnchor& anchor, const QSize& size, const QRect& screen);
+// The same as the margins of a layer surface on a screen with that much height that no panel on a layer takes: below or
+// above the pointer, else in the upper right corner, where most panels have their tray. The placement's size is that of
+// a popover with content so high.
+LayerPlacement popoverLayerPlacement(const PopoverAnchor& anchor, int contentHeight, const QRect& screen,
+                                     int availableHeight);
 
 // Some trays of Wayland tell where in their icon a click was, which is where on the screen no icon is.
 bool isPlausibleClick(const QPoint& click, const QRect& desktop);

@@ -209,6 +209,25 @@ class ClickTest(PopoverTest):
             self.wait_for("inhibitor", lambda: inhibitors() == held, 1)
             self.wait_for("setting", lambda: self.setting("wakeMode") == mode, 1)
 
+    def test_the_tooltip_of_a_long_reason_can_be_read(self):
+        self.start()
+        self.download("a long name " * 8 + ".part")
+        self.wait_for("inhibitor", inhibitors)
+        self.open()
+        x, y = self.popover()
+        below = f"300x60+{x + 20}+{y + 475}"
+
+        def picture():
+            return subprocess.run(["import", "-window", "root", "-crop", below, "-depth", "8", "gray:-"],
+                                  capture_output=True).stdout
+        for step in [0, 5]:
+            xdotool("mousemove", x + 170 + step, y + 458)
+            time.sleep(0.1)
+        before = picture()
+        self.wait_for("tooltip", lambda: sum(map(int.__ne__, before, picture())) > 5000, 3)
+        dark = sum(grey < 64 for grey in picture())
+        self.assertTrue(200 < dark < len(before) / 4, f"{dark} of {len(before)}: letters on a light ground")
+
     def test_without_its_films_the_picture_stays_empty(self):
         alone = shutil.copy(PROGRAM, os.environ["HOME"])
         self.start(program=alone)

@@ -65,6 +65,11 @@ class WaylandTest(OnWayland):
         items = json.loads(reply.stdout)["data"] if reply.returncode == 0 else []
         return items[0] if items else None
 
+    def activate(self, x, y):
+        service, _, path = self.item().partition("/")
+        subprocess.run(["busctl", "--user", "--timeout=1", "call", service, "/" + path, "org.kde.StatusNotifierItem",
+                        "Activate", "ii", str(x), str(y)], check=True)
+
     def popover(self):
         return self.colour(CORNER[0] + 4, 300) == GROUND
 
@@ -158,16 +163,67 @@ class WaylandTest(OnWayland):
 
     def test_a_compositor_that_hangs_holds_nothing_up(self):
         self.start()
-        service, _, path = self.item().partition("/")
         pid = int(self.sway_socket().name.split(".")[-2])
         os.kill(pid, signal.SIGSTOP)
         try:
             for _ in ["opens", "closes before it is to be seen"]:
-                subprocess.run(["busctl", "--user", "--timeout=1", "call", service, "/" + path,
-                                "org.kde.StatusNotifierItem", "Activate", "ii", "0", "0"], check=True)
+                self.activate(0, 0)
         finally:
             os.kill(pid, signal.SIGCONT)
         self.assert_stays_closed()
+        self.open()
+
+    def test_it_stands_above_a_click_that_the_tray_tells_of(self):
+        self.start()
+        self.activate(300, 790)
+        left, bottom = 300 - 170, 800 - 4
+        self.wait_for("popover", lambda: self.colour(left + 4, 300) == GROUND, 3)
+        self.assertEqual([self.colour(x, 300) == GROUND for x in [left - 1, left + 1, left + 338, left + 340]],
+                         [False, True, True, False])
+        self.assertEqual([self.colour(left + 170, y) == GROUND for y in [bottom - 701, bottom - 699, bottom - 2, bottom]],
+                         [False, True, True, False])
+        self.input("key", "Escape")
+        self.wait_for("end of the popover", lambda: self.colour(left + 4, 300) != GROUND, 3)
+
+    def test_it_is_shown_where_it_has_just_the_room_it_needs(self):
+        self.start()
+        self.sway("output", "X11-1", "resolution", f"1280x{28 + 16 + 700 + 16}")
+        try:
+            time.sleep(0.5)
+            self.start_again()
+            self.wait_for("popover", self.popover, 3)
+            self.input("key", "Escape")
+            self.assert_closes()
+        finally:
+            self.sway("output", "X11-1", "resolution", "1280x800")
+            time.sleep(0.5)
+
+    def test_it_has_its_place_at_a_scale_of_qt_s_own(self):
+        os.environ["QT_SCALE_FACTOR"] = "1.5"
+        try:
+            self.start()
+        finally:
+            del os.environ["QT_SCALE_FACTOR"]
+        self.start_again()
+        left, top, right = 1280 - 12 - 510, 28 + 12, 1280 - 12
+        self.wait_for("popover", lambda: self.colour(left + 6, 300) == GROUND, 3)
+        self.assertEqual([self.colour(x, 300) == GROUND for x in [left - 2, left + 3, right - 4, right + 1]],
+                         [False, True, True, False])
+        self.assertEqual([self.colour(1000, y) == GROUND for y in [top - 2, top + 3, 800 - 12 - 4, 800 - 9]],
+                         [False, True, True, False])
+
+    def test_without_any_screen_it_lives_on(self):
+        self.start()
+        self.sway("output", "X11-1", "disable")
+        try:
+            time.sleep(0.5)
+            self.activate(0, 0)
+            self.stays_up(1)
+            self.activate(0, 0)
+        finally:
+            self.sway("output", "X11-1", "enable")
+        self.stays_up(1)
+        self.assertFalse(self.popover())
         self.open()
 
     def test_the_tooltip_of_a_long_reason_is_within_it(self):

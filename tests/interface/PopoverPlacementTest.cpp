@@ -96,9 +96,9 @@ TEST(PopoverHeight, IsThatOfTheContentUpToItsMostAndToTheRoomOnTheScreen)
     EXPECT_EQ(popoverHeight(900, 600), 584);
 }
 
-LayerPlacement inLayer(const PopoverAnchor& anchor, const QRect& on = screen)
+LayerPlacement inLayer(const PopoverAnchor& anchor, int availableHeight = 1050, const QRect& on = screen)
 {
-    return popoverLayerPlacement(anchor, popover, on);
+    return popoverLayerPlacement(anchor, popover.height(), on, availableHeight);
 }
 
 TEST(PopoverLayerPlacement, IsTheUpperRightCornerWhereNoClickIsKnown)
@@ -124,10 +124,24 @@ TEST(PopoverLayerPlacement, KeepsAwayFromTheScreensEdge)
     EXPECT_EQ(inLayer({{}, QPoint(10, 500)}).margins, QMargins(8, 4, 0, 0));
 }
 
+TEST(PopoverLayerPlacement, KeepsClearOfAPanelThatReservesNothing)
+{
+    EXPECT_EQ(inLayer({{}, QPoint(1500, 1057)}, 1080).margins, QMargins(0, 0, 420 - 170, 22 + 16 + 4));
+    EXPECT_EQ(inLayer({{}, QPoint(1500, 20)}, 1080).margins, QMargins(0, 20 + 16 + 4, 420 - 170, 0));
+    const QRect low(0, 0, 1280, 720);
+    EXPECT_EQ(inLayer({{}, QPoint(900, 697)}, 720, low).size.height(), 720 - (22 + 16) - 2 * 8);
+}
+
+TEST(PopoverLayerPlacement, IsNoHigherThanTheRoom)
+{
+    EXPECT_EQ(inLayer({}, 600).size, QSize(340, 584));
+    EXPECT_EQ(inLayer({{}, QPoint(1500, 12)}, 600).size, QSize(340, 584));
+}
+
 TEST(PopoverLayerPlacement, CountsFromTheScreenOfTheClick)
 {
     const QRect right(1920, 200, 1280, 1024);
-    EXPECT_EQ(inLayer({{}, QPoint(1920 + 300, 1200)}, right),
+    EXPECT_EQ(inLayer({{}, QPoint(1920 + 300, 1200)}, 1000, right),
               (LayerPlacement{popover, Qt::BottomEdge | Qt::LeftEdge, {300 - 170, 0, 0, 4}}));
 }
 
