@@ -13,7 +13,8 @@ from pathlib import Path
 SOURCE = Path(__file__).resolve().parents[2]
 BUILD, VERSION = sys.argv[1:3]
 ICON_SIZES = [16, 22, 24, 32, 48, 64, 128, 256, 512]
-ALWAYS = {"bin/orrinvale", "lib/orrinvale/orrinvale-film.so", "share/applications/orrinvale.desktop",
+ALWAYS = {"bin/orrinvale", "lib/orrinvale/orrinvale-film.so", "lib/orrinvale/orrinvale-layer-shell.so",
+          "share/applications/orrinvale.desktop",
           "share/metainfo/com.orrinvale.orrinvale.metainfo.xml", "share/man/man1/orrinvale.1",
           "share/doc/orrinvale/LICENSE", "share/icons/hicolor/scalable/apps/orrinvale.svg",
           *(f"share/icons/hicolor/{size}x{size}/apps/orrinvale.png" for size in ICON_SIZES)}
