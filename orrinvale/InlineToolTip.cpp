@@ -66,7 +66,7 @@ bool InlineToolTip::eventFilter(QObject* object, QEvent* event)
 void InlineToolTip::showFor(QWidget& owner)
 {
     m_owner = &owner;
-    connect(&owner, &QObject::destroyed, this, &InlineToolTip::end, Qt::UniqueConnection);
+    connect(&owner, &QObject::destroyed, this, &InlineToolTip::ownerGone, Qt::UniqueConnection);
     setPalette(QToolTip::palette());
     setFont(QToolTip::font());
     setText(owner.toolTip());
@@ -92,6 +92,13 @@ void InlineToolTip::end()
     if (m_timer)
         killTimer(std::exchange(m_timer, 0));
     hide();
+}
+
+// It may also have been the owner of an earlier tip.
+void InlineToolTip::ownerGone()
+{
+    if (!m_owner)
+        end();
 }
 
 void InlineToolTip::timerEvent(QTimerEvent*)

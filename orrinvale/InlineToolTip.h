@@ -26,6 +26,7 @@ protected:
 private:
     void showFor(QWidget& owner);
     void end();
+    void ownerGone();
 
     QRect m_room;
     QPointer<QWidget> m_owner;

@@ -110,6 +110,16 @@ TEST_F(InlineToolTipTest, GoesWithItsOwner)
     EXPECT_FALSE(tip->isVisible());
 }
 
+TEST_F(InlineToolTipTest, StaysWhenAnEarlierOwnerGoes)
+{
+    auto* other = new QWidget(&window);
+    other->setToolTip(QStringLiteral("another"));
+    hover(*owner);
+    hover(*other);
+    delete owner;
+    EXPECT_TRUE(tip->isVisible());
+}
+
 TEST_F(InlineToolTipTest, StaysWhenThePointerLeavesAnotherWidget)
 {
     QWidget other(&window);
