@@ -7,6 +7,7 @@
 #include "orrinvale/Popover.h"
 #include "orrinvale/StatusIcon.h"
 #include "orrinvale/StatusItem.h"
+#include "orrinvale/StatusNotifierItem.h"
 #include "orrinvale/StatusPopoverViewController.h"
 #include "orrinvale/WakeEngine.h"
 #include "platform/Appearance.h"
@@ -98,7 +99,11 @@ void MenuBarController::openPopover(const PopoverAnchor& anchor)
     m_popoverViewController->onColoursChanged = [popover = m_popover, content = m_popoverViewController] {
         popover->setColours(coloursOf(*content));
     };
-    m_popover->onClose = [this](Popover::Closing closing) { popoverClosed(closing == Popover::Closing::elsewhere); };
+    m_popover->onClose = [this](Popover::Closing closing) {
+        if (closing != Popover::Closing::owner)
+            StatusNotifierItem::forgetActivationToken(); // no window comes of this click
+        popoverClosed(closing == Popover::Closing::elsewhere);
+    };
     m_popover->showAt(anchor);
 }
 

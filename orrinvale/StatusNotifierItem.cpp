@@ -16,6 +16,7 @@ namespace
 
 const auto objectPath = QStringLiteral("/StatusNotifierItem");
 const auto tray = QStringLiteral("org.kde.StatusNotifierWatcher");
+constexpr auto activationToken = "XDG_ACTIVATION_TOKEN"; // where Qt looks for it
 
 } // namespace
 
@@ -127,10 +128,15 @@ void StatusNotifierItem::ContextMenu(int x, int y)
     click({x, y});
 }
 
-// Which lets the window that the click opens have the focus; Qt takes it from there.
+// Which lets the window that the click leads to have the focus; Qt takes it from there when it shows one.
 void StatusNotifierItem::ProvideXdgActivationToken(const QString& token)
 {
-    qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+    qputenv(activationToken, token.toUtf8());
+}
+
+void StatusNotifierItem::forgetActivationToken()
+{
+    qunsetenv(activationToken);
 }
 
 } // namespace orrinvale

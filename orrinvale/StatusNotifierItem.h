@@ -68,6 +68,9 @@ public:
     const NotifierPixmaps& iconPixmap() const { return m_pixmaps; }
     const NotifierToolTip& toolTip() const { return m_toolTip; }
 
+    // So that no later window spends the token of a click that led to none.
+    static void forgetActivationToken();
+
     // Left and right click alike; with the place of the click as the host tells it.
     std::function<void(const QPoint& place)> onClick;
 
