@@ -15,6 +15,8 @@ namespace orrinvale
 namespace
 {
 
+constexpr int mostLinks = 40; // the kernel's own limit
+
 class Descriptor
 {
 public:
@@ -59,11 +61,19 @@ bool readAll(int fd, std::string& bytes)
     }
 }
 
-std::filesystem::path targetOf(const std::filesystem::path& path)
+// The end of the links, which need not exist: a canonical path would stop at a link whose target is missing, and the
+// rename would then take the link's place. nullopt when there is no end.
+std::optional<std::filesystem::path> targetOf(const std::filesystem::path& path)
 {
     std::error_code error;
-    auto target = std::filesystem::weakly_canonical(path, error);
-    return error ? path : target;
+    auto target = path;
+    for (int links = 0; std::filesystem::is_symlink(target, error); ++links) {
+        const auto next = std::filesystem::read_symlink(target, error);
+        if (error || links == mostLinks)
+            return std::nullopt;
+        target = target.parent_path() / next;
+    }
+    return target;
 }
 
 bool isRegular(int fd)
@@ -88,12 +98,14 @@ std::optional<std::string> readWholeFile(const std::filesystem::path& path)
 bool writeFileAtomically(const std::filesystem::path& path, std::string_view bytes)
 {
     const auto target = targetOf(path);
-    const auto temporary = target.parent_path() / ("." + target.filename().string() + ".tmp");
+    if (!target)
+        return false;
+    const auto temporary = target->parent_path() / ("." + target->filename().string() + ".tmp");
     Descriptor file(
         ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR));
     if (!file.isOpen())
         return false;
-    if (writeAll(file.get(), bytes) && file.close() && ::rename(temporary.c_str(), target.c_str()) == 0)
+    if (writeAll(file.get(), bytes) && file.close() && ::rename(temporary.c_str(), target->c_str()) == 0)
         return true;
     ::unlink(temporary.c_str());
     return false;

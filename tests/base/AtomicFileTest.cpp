@@ -70,6 +70,37 @@ TEST_F(AtomicFile, SymbolicLinkStaysAndItsTargetIsReplaced)
     EXPECT_EQ(readWholeFile(target), "new");
 }
 
+TEST_F(AtomicFile, LinksWithoutATargetStayAndTheTargetIsMade)
+{
+    fs::create_directories(folder / "links");
+    fs::create_directories(folder / "elsewhere");
+    fs::create_symlink("../elsewhere/log.json", folder / "links" / "relative");
+    fs::create_symlink(folder / "links" / "relative", file);
+    ASSERT_TRUE(writeFileAtomically(file, "new"));
+    EXPECT_TRUE(fs::is_symlink(file));
+    EXPECT_TRUE(fs::is_symlink(folder / "links" / "relative"));
+    EXPECT_EQ(readWholeFile(folder / "elsewhere" / "log.json"), "new");
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder / "elsewhere"), {}), 1);
+}
+
+TEST_F(AtomicFile, LinkIntoAMissingFolderFailsQuietlyAndStays)
+{
+    fs::create_symlink("missing/log.json", file);
+    EXPECT_FALSE(writeFileAtomically(file, "new"));
+    EXPECT_EQ(fs::read_symlink(file), "missing/log.json");
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1);
+}
+
+TEST_F(AtomicFile, LoopOfLinksFailsQuietlyAndStays)
+{
+    fs::create_symlink("other.json", file);
+    fs::create_symlink("log.json", folder / "other.json");
+    EXPECT_FALSE(writeFileAtomically(file, "new"));
+    EXPECT_EQ(fs::read_symlink(file), "other.json");
+    EXPECT_EQ(fs::read_symlink(folder / "other.json"), "log.json");
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 2);
+}
+
 TEST_F(AtomicFile, FolderOrFifoInTheFilesPlaceIsUnreadable)
 {
     fs::create_directory(folder / "folder");
