@@ -7,6 +7,7 @@
 #include <array>
 #include <filesystem>
 #include <future>
+#include <utility>
 
 #include <sys/inotify.h>
 #include <unistd.h>
@@ -89,9 +90,11 @@ bool LinuxCamera::hasChanged()
 {
     if (m_inotify < 0) {
         m_inotify = ::inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
-        ::inotify_add_watch(m_inotify, m_deviceFolder.c_str(), IN_CREATE | IN_DELETE);
-        watchDevices();
-        return true;
+        if (m_inotify >= 0) {
+            ::inotify_add_watch(m_inotify, m_deviceFolder.c_str(), IN_CREATE | IN_DELETE);
+            watchDevices();
+        }
+        return true; // whatever happened before the watch, and all that does without one, is unknown
     }
     std::array<char, 4096> events;
     bool changed = false;
@@ -104,7 +107,7 @@ bool LinuxCamera::hasChanged()
 
 bool LinuxCamera::isInUse()
 {
-    const auto isFirstQuestion = m_inotify < 0;
+    const auto isFirstQuestion = !std::exchange(m_wasAsked, true);
     m_isStale = hasChanged() || m_isStale;
     if (m_isStale && !m_look) {
         m_isStale = false;

@@ -12,7 +12,8 @@ namespace orrinvale
 {
 
 // Whether a process of the user's holds a capture device open. Descriptors are looked through in the background, when
-// asked and only after a device was opened or closed. Processes of other users cannot be seen. Main thread.
+// asked and only after a device was opened or closed, or at every question while the kernel refuses to tell of that.
+// Processes of other users cannot be seen. Main thread.
 class LinuxCamera
 {
 public:
@@ -34,6 +35,7 @@ private:
     std::string m_deviceFolder;
     std::string m_procFolder;
     int m_inotify = -1;
+    bool m_wasAsked = false;
     bool m_isInUse = false;
     bool m_isStale = true;
     std::shared_ptr<Look> m_look; // the one under way

@@ -14,6 +14,9 @@
 #include <filesystem>
 #include <fstream>
 
+#include <sys/inotify.h>
+#include <sys/resource.h>
+
 namespace orrinvale
 {
 
@@ -105,6 +108,102 @@ TEST_F(CameraTest, WithoutDevicesNobodyUsesOne)
 {
     camera.emplace(queue, background, "/nonexistent");
     EXPECT_FALSE(camera->isInUse());
+}
+
+struct DescriptorLimit {
+    explicit DescriptorLimit(rlim_t most)
+    {
+        ::getrlimit(RLIMIT_NOFILE, &before);
+        const rlimit limit{most, before.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+    }
+    ~DescriptorLimit() { ::setrlimit(RLIMIT_NOFILE, &before); }
+    rlimit before{};
+};
+
+// Works at once, or holds the work until told; it has descriptors even where the test has none.
+struct LookQueue final : SerialQueue {
+    LookQueue() { ::getrlimit(RLIMIT_NOFILE, &usual); }
+
+    void post(std::function<void()> work) override
+    {
+        ++looks;
+        held = std::move(work);
+        if (!holds)
+            run();
+    }
+    Cancellable after(std::chrono::nanoseconds, std::function<void()>) override { return {}; }
+    void run()
+    {
+        const DescriptorLimit enough(usual.rlim_cur);
+        std::exchange(held, nullptr)();
+    }
+
+    rlimit usual{};
+    std::function<void()> held;
+    bool holds = false;
+    int looks = 0;
+};
+
+struct RefusedCameraTest : CameraTest {
+    RefusedCameraTest() { camera.emplace(queue, lookQueue, folder.string()); }
+
+    // Asks while the kernel refuses to watch.
+    bool ask()
+    {
+        const DescriptorLimit none(0);
+        EXPECT_EQ(::inotify_init1(IN_CLOEXEC), -1);
+        return camera->isInUse();
+    }
+
+    LookQueue lookQueue;
+};
+
+TEST_F(RefusedCameraTest, QuestionsInOneTurnHaveTheSameAnswer)
+{
+    const Holder holder(folder / "video0");
+    EXPECT_TRUE(ask());
+    EXPECT_TRUE(ask());
+    EXPECT_TRUE(ask());
+}
+
+TEST_F(RefusedCameraTest, EveryQuestionLooksAfreshAndTellsWhatIsKnown)
+{
+    {
+        const Holder holder(folder / "video0");
+        EXPECT_TRUE(ask());
+        runEventsFor(10ms);
+    }
+    EXPECT_TRUE(ask());
+    EXPECT_EQ(lookQueue.looks, 2);
+    EXPECT_TRUE(waitFor([&] { return !ask(); }));
+}
+
+TEST_F(RefusedCameraTest, OneLookAtMostIsUnderWay)
+{
+    lookQueue.holds = true;
+    ask();
+    ask();
+    ask();
+    EXPECT_EQ(lookQueue.looks, 1);
+    lookQueue.run();
+    EXPECT_TRUE(waitFor([&] {
+        ask();
+        return lookQueue.looks == 2;
+    }));
+}
+
+TEST_F(RefusedCameraTest, AWatchThatIsGrantedLaterSparesTheLooks)
+{
+    EXPECT_FALSE(ask());
+    runEventsFor(10ms);
+    EXPECT_FALSE(camera->isInUse());
+    EXPECT_EQ(lookQueue.looks, 2);
+    runEventsFor(10ms);
+    EXPECT_FALSE(camera->isInUse());
+    EXPECT_EQ(lookQueue.looks, 2);
+    const Holder holder(folder / "video0");
+    EXPECT_TRUE(becomes(true));
 }
 
 } // namespace
