@@ -91,9 +91,17 @@ void ActivityLogWindowController::exportLog()
     const auto write = [text = logExportText(m_entries, m_calendar), alive = std::weak_ptr(m_alive),
                         this](const std::optional<std::filesystem::path>& path) {
         if (path && !alive.expired())
-            platform().background.post([text, path = *path] { writeFileAtomically(path, text); });
+            writeExport(*path, text);
     };
     m_filePanels.chooseFile({logExportFileName, "text/plain", window().winId()}, write);
+}
+
+void ActivityLogWindowController::writeExport(const std::filesystem::path& path, const std::string& text)
+{
+    if (!m_exports)
+        m_exports = platform().serialQueues.make("com.orrinvale.logexport");
+    // A queue drops waiting work when it goes: the work keeps it.
+    m_exports->post([queue = m_exports, path, text] { writeFileAtomically(path, text); });
 }
 
 } // namespace orrinvale

@@ -5,6 +5,9 @@
 #include "orrinvale/ActivityEntry.h"
 #include "orrinvale/WindowController.h"
 
+#include <filesystem>
+#include <memory>
+#include <string>
 #include <vector>
 
 namespace orrinvale
@@ -13,6 +16,7 @@ namespace orrinvale
 class ActivityLogView;
 class FilePanels;
 class LocalCalendar;
+class SerialQueue;
 class WakeEngine;
 
 // The activity log window: follows the engine's log and the usage records, clears the log and exports it as text.
@@ -44,6 +48,7 @@ private:
     void showEntries(const std::vector<ActivityEntry>& entries);
     void selectDay(Instant date);
     void refreshDayDetail();
+    void writeExport(const std::filesystem::path& path, const std::string& text);
 
     WakeEngine& m_engine;
     const LocalCalendar& m_calendar;
@@ -51,6 +56,7 @@ private:
     std::vector<ActivityEntry> m_entries;
     ActivityLogView* m_view; // the window's
     Instant m_selectedDate;
+    std::shared_ptr<SerialQueue> m_exports; // its own: the chosen folder may be slow or never answer
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
     Cancellables m_cancellables;
 };

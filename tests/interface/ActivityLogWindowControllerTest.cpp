@@ -356,6 +356,34 @@ TEST_F(ActivityLogWindowControllerTest, AnAnswerAfterTheWindowIsGoneWritesNothin
     EXPECT_TRUE(std::filesystem::is_empty(folder.path));
 }
 
+TEST_F(ActivityLogWindowControllerTest, AnExportUnderWayOutlivesTheWindow)
+{
+    publish({threeCategories()[2]});
+    press(view().exportButton());
+    panels.choose(folder.path / "orrinvale-log.txt");
+    controller.reset();
+    settle();
+    EXPECT_THAT(chosen(), testing::EndsWith("[Awake] film [1].mkv — ünï.part"));
+}
+
+// The folder may never answer, and detection must go on.
+TEST_F(ActivityLogWindowControllerTest, AnExportKeepsOffTheBackgroundQueue)
+{
+    struct BusyQueue final : SerialQueue {
+        void post(std::function<void()>) override { ++posts; }
+        Cancellable after(std::chrono::nanoseconds, std::function<void()>) override { return {}; }
+        int posts = 0;
+    };
+    auto* busy = new BusyQueue;
+    fake.background.reset(busy);
+    publish({threeCategories()[2]});
+    const auto before = busy->posts;
+    press(view().exportButton());
+    answer(folder.path / "orrinvale-log.txt");
+    EXPECT_EQ(busy->posts, before);
+    EXPECT_THAT(chosen(), testing::EndsWith("[Awake] film [1].mkv — ünï.part"));
+}
+
 TEST_F(ActivityLogWindowControllerTest, MayGoWhileNewsIsOnItsWay)
 {
     log();
