@@ -114,7 +114,8 @@ ApplicationWalk::ApplicationWalk(std::string procFolder, std::vector<std::filesy
 
 std::vector<RunningApplication> ApplicationWalk::walk(std::chrono::steady_clock::time_point now)
 {
-    m_index.update();
+    if (m_index.update())
+        m_processes.clear(); // each is judged anew
     std::map<Key, Process> seen;
     for (const auto pid : processIds(m_procFolder))
         visit(pid, now, seen);

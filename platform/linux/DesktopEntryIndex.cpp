@@ -29,28 +29,45 @@ std::string resolved(const std::string& program)
 
 } // namespace
 
-DesktopEntryIndex::DesktopEntryIndex(std::vector<fs::path> folders) : m_folders(std::move(folders)) {}
+DesktopEntryIndex::DesktopEntryIndex(std::vector<fs::path> folders)
+    : m_folders(std::move(folders)), m_watched(m_folders)
+{
+}
 
 DesktopEntryIndex::Stamps DesktopEntryIndex::stamps() const
 {
     Stamps all;
     std::error_code error;
-    for (const auto& folder : m_folders)
+    for (const auto& folder : m_watched)
         all.push_back(fs::last_write_time(folder, error));
     return all;
 }
 
-void DesktopEntryIndex::update()
+// A folder changes when something comes or goes in it, and not with what is in its sub-folders.
+void DesktopEntryIndex::watchSubfolders()
 {
-    auto now = stamps();
-    if (m_stamps == now)
-        return;
-    m_stamps = std::move(now);
+    m_watched = m_folders;
+    for (const auto& folder : m_folders) {
+        std::error_code error;
+        fs::recursive_directory_iterator each(folder, fs::directory_options::skip_permission_denied, error);
+        for (; !error && each != fs::recursive_directory_iterator(); each.increment(error))
+            if (std::error_code ignored; each->is_directory(ignored))
+                m_watched.push_back(each->path());
+    }
+}
+
+bool DesktopEntryIndex::update()
+{
+    if (m_stamps == stamps())
+        return false;
+    watchSubfolders();
+    m_stamps = stamps(); // before the entries are read: what changes meanwhile is read again
     m_entries.clear();
     m_applicationIds.clear();
     m_programs.clear();
     for (auto& entry : readDesktopEntries(m_folders))
         add(std::move(entry));
+    return true;
 }
 
 void DesktopEntryIndex::add(DesktopEntry entry)

@@ -15,8 +15,8 @@ class DesktopEntryIndex
 public:
     explicit DesktopEntryIndex(std::vector<std::filesystem::path> folders);
 
-    // Reads the folders anew when one of them has changed.
-    void update();
+    // Reads the folders anew when something came or went in them or below, and whether it did.
+    bool update();
     // By its id, else by what its processes go by.
     const DesktopEntry* byId(const std::string& id) const;
     // By the whole path of a program or script, else by its last component.
@@ -25,9 +25,11 @@ public:
 private:
     using Stamps = std::vector<std::filesystem::file_time_type>;
     Stamps stamps() const;
+    void watchSubfolders();
     void add(DesktopEntry entry);
 
     std::vector<std::filesystem::path> m_folders;
+    std::vector<std::filesystem::path> m_watched; // with their sub-folders
     std::optional<Stamps> m_stamps;
     std::map<std::string, DesktopEntry> m_entries;       // by id
     std::map<std::string, std::string> m_applicationIds; // id by what the processes go by

@@ -93,6 +93,16 @@ TEST_F(WalkTest, AProgramOfADesktopEntryIsItsApplication)
     EXPECT_EQ(last[0].activationPolicy, ActivationPolicy::Regular);
 }
 
+TEST_F(WalkTest, AnEntryThatComesLaterIsFoundAlsoBelowAndForWhatHasLongBeenRunning)
+{
+    process(10, program("editor"));
+    fs::create_directories(folder / "applications" / "vendor");
+    EXPECT_EQ(identifiers(), (Identifiers{}));
+    EXPECT_EQ(identifiers(600s), (Identifiers{}));
+    entry("vendor/editor", "Name=Editor\nExec=" + program("editor") + "\n");
+    EXPECT_EQ(identifiers(601s), (Identifiers{"vendor-editor"}));
+}
+
 TEST_F(WalkTest, NoDisplayAndTerminalEntriesAreNotRegular)
 {
     entry("a", "Name=A\nExec=" + program("a") + "\nNoDisplay=true\n");
