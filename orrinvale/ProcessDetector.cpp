@@ -87,12 +87,14 @@ void ProcessDetector::start()
         evaluate();
     });
     m_changes = m_applications.observeChanges([this] { appsChanged(); });
+    m_mediaChanges = m_media.observeChanges([this] { evaluate(); });
 }
 
 void ProcessDetector::stop()
 {
     m_timer.cancel();
     m_changes.cancel();
+    m_mediaChanges.cancel();
     m_self = std::make_shared<ProcessDetector*>(this);
     signals.set({});
 }

@@ -24,8 +24,8 @@ struct WatchedProcess {
     bool requiresMediaActivity; // counts only while a camera or a microphone is in use
 };
 
-// Sees watched applications among the running ones: every 10 seconds, when the user's list changed and when the list of
-// running applications did. Owned by the engine; main thread.
+// Sees watched applications among the running ones: every 10 seconds, when the user's list changed, when the list of
+// running applications did and when a device's use did. Owned by the engine; main thread.
 class ProcessDetector
 {
 public:
@@ -55,6 +55,7 @@ private:
     std::shared_ptr<ProcessDetector*> m_self; // replaced by stop(), so that what is still queued finds nobody
     Cancellable m_timer;
     Cancellable m_changes;
+    Cancellable m_mediaChanges;
 };
 
 } // namespace orrinvale

@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Cancellable.h"
+
+#include <functional>
+
 namespace orrinvale
 {
 
@@ -12,6 +16,8 @@ public:
     virtual ~MediaDevices() = default;
     virtual bool isCameraInUse() = 0;
     virtual bool isMicrophoneInUse() = 0;
+    // Called in a turn of its own after what a question had looked up in the background differs from its answer.
+    [[nodiscard]] virtual Cancellable observeChanges(std::function<void()> onChange) = 0;
 };
 
 } // namespace orrinvale

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Published.h"
 #include "platform/MediaDevices.h"
 
 namespace orrinvale
@@ -25,6 +26,14 @@ public:
         ++microphoneQuestions;
         return microphone;
     }
+    void announceChange() { m_changes.set(m_changes.get() + 1); }
+    Cancellable observeChanges(std::function<void()> onChange) override
+    {
+        return m_changes.observe([onChange = std::move(onChange)](int) { onChange(); }, Deliver::ChangesOnly);
+    }
+
+private:
+    Published<int> m_changes;
 };
 
 } // namespace orrinvale

@@ -109,25 +109,41 @@ bool LinuxCamera::isInUse()
 {
     const auto isFirstQuestion = !std::exchange(m_wasAsked, true);
     m_isStale = hasChanged() || m_isStale;
-    if (m_isStale && !m_look) {
-        m_isStale = false;
-        m_look = std::make_shared<Look>(Look{*this});
-        m_background.post([&queue = m_queue, proc = m_procFolder,
-                           prefix = fmt::format("{}/{}", m_deviceFolder, nodePrefix), weak = std::weak_ptr(m_look)] {
-            const auto held = isAnyDeviceHeld(proc, prefix);
-            if (const auto look = weak.lock())
-                look->promise.set_value(held);
-            queue.post([weak, held] {
-                if (const auto look = weak.lock()) {
-                    look->owner.m_isInUse = held;
-                    look->owner.m_look.reset();
-                }
-            });
-        });
-    }
+    lookIfStale();
     if (isFirstQuestion && m_look->result.wait_for(firstAnswer) == std::future_status::ready)
         m_isInUse = m_look->result.get();
     return m_isInUse;
+}
+
+void LinuxCamera::lookIfStale()
+{
+    if (!m_isStale || m_look)
+        return;
+    m_isStale = false;
+    m_look = std::make_shared<Look>(Look{*this});
+    m_background.post([&queue = m_queue, proc = m_procFolder, prefix = fmt::format("{}/{}", m_deviceFolder, nodePrefix),
+                       weak = std::weak_ptr(m_look)] {
+        const auto held = isAnyDeviceHeld(proc, prefix);
+        if (const auto look = weak.lock())
+            look->promise.set_value(held);
+        queue.post([weak, held] {
+            if (const auto look = weak.lock())
+                look->owner.finish(held);
+        });
+    });
+}
+
+void LinuxCamera::finish(bool held)
+{
+    m_look.reset();
+    lookIfStale(); // somebody asked meanwhile
+    if (std::exchange(m_isInUse, held) != held)
+        m_changes.set(m_changes.get() + 1);
+}
+
+Cancellable LinuxCamera::observeChanges(std::function<void()> onChange)
+{
+    return m_changes.observe([onChange = std::move(onChange)](int) { onChange(); }, Deliver::ChangesOnly);
 }
 
 } // namespace orrinvale

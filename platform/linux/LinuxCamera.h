@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/MainQueue.h"
+#include "base/Published.h"
 #include "base/SerialQueue.h"
 
 #include <memory>
@@ -23,12 +24,16 @@ public:
 
     // The first question waits for the look, at most 100 ms; a later one gives the newest finished answer.
     bool isInUse();
+    // Called in a turn of its own after a look has ended with another answer than the one that was given.
+    [[nodiscard]] Cancellable observeChanges(std::function<void()> onChange);
 
 private:
     struct Look;
 
     bool hasChanged();
     void watchDevices();
+    void lookIfStale();
+    void finish(bool held);
 
     MainQueue& m_queue;
     SerialQueue& m_background;
@@ -39,6 +44,7 @@ private:
     bool m_isInUse = false;
     bool m_isStale = true;
     std::shared_ptr<Look> m_look; // the one under way
+    Published<int> m_changes;
 };
 
 } // namespace orrinvale

@@ -16,6 +16,10 @@ public:
 
     bool isCameraInUse() override { return m_camera.isInUse(); }
     bool isMicrophoneInUse() override { return m_microphone.isInUse(); }
+    Cancellable observeChanges(std::function<void()> onChange) override
+    {
+        return m_camera.observeChanges(std::move(onChange)); // the microphone's answer is never behind
+    }
 
 private:
     LinuxCamera m_camera;

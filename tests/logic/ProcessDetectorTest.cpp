@@ -218,6 +218,34 @@ TEST_F(ProcessDetectorTest, AFinishedLookAtTheProcessesEvaluatesAgain)
     EXPECT_THAT(details(), ElementsAre("HandBrake encoding"));
 }
 
+TEST_F(ProcessDetectorTest, AFinishedLookAtTheCameraEvaluatesAgain)
+{
+    fake.applications.run("us.zoom.xos", "Zoom");
+    start();
+    fake.media.camera = true;
+    time.runPending();
+    EXPECT_THAT(details(), IsEmpty());
+    fake.media.announceChange();
+    time.runPending();
+    EXPECT_THAT(details(), ElementsAre("Zoom call in progress"));
+    fake.media.camera = false;
+    fake.media.announceChange();
+    time.runPending();
+    EXPECT_THAT(details(), IsEmpty());
+}
+
+TEST_F(ProcessDetectorTest, AFinishedLookAtTheCameraIsNothingToAStoppedDetector)
+{
+    fake.applications.run("us.zoom.xos", "Zoom");
+    start();
+    detector->stop();
+    fake.media.camera = true;
+    fake.media.announceChange();
+    time.runPending();
+    EXPECT_THAT(details(), IsEmpty());
+    EXPECT_EQ(fake.media.cameraQuestions, 1);
+}
+
 TEST_F(ProcessDetectorTest, EveryTickAsksForAFreshLook)
 {
     start();

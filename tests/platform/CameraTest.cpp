@@ -6,6 +6,7 @@
 #include "platform/qt/QtMainQueue.h"
 #include "tests/platform/WaitFor.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QProcess>
@@ -22,6 +23,7 @@ namespace orrinvale
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
+using testing::ElementsAre;
 
 namespace
 {
@@ -159,6 +161,80 @@ struct RefusedCameraTest : CameraTest {
     LookQueue lookQueue;
 };
 
+TEST_F(CameraTest, ALookThatFindsAnotherAnswerIsAnnounced)
+{
+    make();
+    std::vector<bool> announced;
+    const auto token = camera->observeChanges([&] { announced.push_back(camera->isInUse()); });
+    EXPECT_FALSE(camera->isInUse());
+    {
+        const Holder holder(folder / "video0");
+        EXPECT_FALSE(camera->isInUse());
+        EXPECT_TRUE(waitFor([&] { return !announced.empty(); }));
+        EXPECT_THAT(announced, ElementsAre(true));
+    }
+    EXPECT_TRUE(camera->isInUse());
+    EXPECT_TRUE(waitFor([&] { return announced.size() > 1; }));
+    EXPECT_THAT(announced, ElementsAre(true, false));
+}
+
+TEST_F(CameraTest, AnAnswerThatTheQuestionWaitedForIsNotAnnounced)
+{
+    const Holder holder(folder / "video0");
+    LookQueue lookQueue;
+    camera.emplace(queue, lookQueue, folder.string());
+    int announced = 0;
+    const auto token = camera->observeChanges([&] { ++announced; });
+    EXPECT_TRUE(camera->isInUse());
+    runEventsFor(10ms);
+    EXPECT_EQ(announced, 0);
+}
+
+TEST_F(CameraTest, AFirstAnswerThatCameTooLateIsAnnounced)
+{
+    const Holder holder(folder / "video0");
+    LookQueue lookQueue;
+    lookQueue.holds = true;
+    camera.emplace(queue, lookQueue, folder.string());
+    int announced = 0;
+    const auto token = camera->observeChanges([&] { ++announced; });
+    EXPECT_FALSE(camera->isInUse());
+    lookQueue.run();
+    EXPECT_EQ(announced, 0); // not in this turn
+    runEventsFor(10ms);
+    EXPECT_EQ(announced, 1);
+    EXPECT_TRUE(camera->isInUse());
+}
+
+TEST_F(CameraTest, ALookThatFindsTheSameAnswerIsNotAnnounced)
+{
+    LookQueue lookQueue;
+    camera.emplace(queue, lookQueue, folder.string());
+    int announced = 0;
+    const auto token = camera->observeChanges([&] { ++announced; });
+    EXPECT_FALSE(camera->isInUse());
+    runEventsFor(10ms);
+    std::ofstream(folder / "video0") << "y"; // opened and closed
+    EXPECT_FALSE(camera->isInUse());
+    runEventsFor(10ms);
+    EXPECT_EQ(lookQueue.looks, 2);
+    EXPECT_EQ(announced, 0);
+}
+
+TEST_F(CameraTest, AChangeDuringALookIsLookedAtAfterIt)
+{
+    LookQueue lookQueue;
+    camera.emplace(queue, lookQueue, folder.string());
+    EXPECT_FALSE(camera->isInUse()); // its look is not delivered yet
+    const Holder holder(folder / "video0");
+    int announced = 0;
+    const auto token = camera->observeChanges([&] { ++announced; });
+    EXPECT_FALSE(camera->isInUse());
+    EXPECT_EQ(lookQueue.looks, 1);
+    EXPECT_TRUE(waitFor([&] { return announced > 0; }));
+    EXPECT_EQ(lookQueue.looks, 2);
+}
+
 TEST_F(RefusedCameraTest, QuestionsInOneTurnHaveTheSameAnswer)
 {
     const Holder holder(folder / "video0");
@@ -187,10 +263,10 @@ TEST_F(RefusedCameraTest, OneLookAtMostIsUnderWay)
     ask();
     EXPECT_EQ(lookQueue.looks, 1);
     lookQueue.run();
-    EXPECT_TRUE(waitFor([&] {
-        ask();
-        return lookQueue.looks == 2;
-    }));
+    EXPECT_TRUE(waitFor([&] { return lookQueue.looks == 2; }));
+    ask();
+    runEventsFor(10ms);
+    EXPECT_EQ(lookQueue.looks, 2);
 }
 
 TEST_F(RefusedCameraTest, AWatchThatIsGrantedLaterSparesTheLooks)
