@@ -171,27 +171,30 @@ void ApplicationWalk::identify(std::int32_t pid, Process& process) const
     // The program itself is asked first: what runs in a terminal is in the terminal's unit.
     const auto& program = executable ? *executable : process.comm;
     const auto* entry = entryOfProgram(pid, program);
-    process.isKnownByUnit = entry == nullptr;
+    process.isKnownByUnit = !entry && desktopIdOfUnit(process.unit);
     if (entry)
         return reportEntry(*entry);
     if (auto identifier = bundleIdentifierOfExecutable(program)) {
         process.isKnownByUnit = false;
         return report(*identifier, validUtf8(program.substr(program.rfind('/') + 1)));
     }
-    const auto id = desktopIdOf(pid, process.unit);
+    const auto id = desktopIdOf(pid, process.unit, program);
     if (!id)
         return;
     entry = m_index.byId(*id);
     entry ? reportEntry(*entry) : report(bundleIdentifierOf(validUtf8(*id)), validUtf8(*id));
 }
 
-std::optional<std::string> ApplicationWalk::desktopIdOf(std::int32_t pid, const std::string& unit) const
+std::optional<std::string> ApplicationWalk::desktopIdOf(std::int32_t pid, const std::string& unit,
+                                                        const std::string& executable) const
 {
-    if (unit.starts_with("app-flatpak-")) {
-        if (auto name = keyFileValue(processFile(m_procFolder, pid, "root/.flatpak-info"), "name"); !name.empty())
-            return name;
-    }
+    if (auto name = keyFileValue(processFile(m_procFolder, pid, "root/.flatpak-info"), "name"); !name.empty())
+        return name;
     if (auto id = desktopIdOfUnit(unit))
+        return id;
+    // Where no unit tells: the confinement's label is snap.<package>.<application> and its mode in brackets.
+    const auto label = processFile(m_procFolder, pid, "attr/current");
+    if (auto id = label.starts_with("snap.") ? desktopIdOfUnit(label.substr(0, label.find(' ')) + ".") : std::nullopt)
         return id;
     const auto environment = zeroSeparated(processFile(m_procFolder, pid, "environ"));
     const auto value = [&](std::string_view name) -> std::string {
@@ -201,7 +204,14 @@ std::optional<std::string> ApplicationWalk::desktopIdOf(std::int32_t pid, const 
         }
         return {};
     };
-    // The variable is inherited by everything that the application starts: only its own process counts.
+    // These variables are inherited by everything that the application starts: only its own processes count, and of an
+    // AppImage those whose program lies in its mount.
+    const auto mount = value("APPDIR=");
+    if (const auto image = value("APPIMAGE=");
+        !image.empty() && !mount.empty() && executable.starts_with(mount + "/")) {
+        if (const auto* entry = m_index.byProgram(image))
+            return entry->id;
+    }
     if (value("GIO_LAUNCHED_DESKTOP_FILE_PID=") != std::to_string(pid))
         return std::nullopt;
     const auto file = std::filesystem::path(value("GIO_LAUNCHED_DESKTOP_FILE="));

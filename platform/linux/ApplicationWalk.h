@@ -35,7 +35,8 @@ private:
 
     void visit(std::int32_t pid, std::chrono::steady_clock::time_point now, std::map<Key, Process>& seen);
     void identify(std::int32_t pid, Process& process) const;
-    std::optional<std::string> desktopIdOf(std::int32_t pid, const std::string& unit) const;
+    std::optional<std::string> desktopIdOf(std::int32_t pid, const std::string& unit,
+                                           const std::string& executable) const;
     const DesktopEntry* entryOfProgram(std::int32_t pid, const std::string& executable) const;
 
     std::string m_procFolder;

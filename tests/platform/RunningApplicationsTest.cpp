@@ -103,6 +103,30 @@ TEST_F(WalkTest, AnEntryThatComesLaterIsFoundAlsoBelowAndForWhatHasLongBeenRunni
     EXPECT_EQ(identifiers(601s), (Identifiers{"vendor-editor"}));
 }
 
+TEST_F(WalkTest, WithoutUnitsASandboxTellsItself)
+{
+    process(10, "/app/bin/flat");
+    file(10, "root/.flatpak-info", "[Application]\nname=us.zoom.Zoom\n");
+    process(11, "/snap/clion/300/bin/clion-real");
+    file(11, "attr/current", "snap.clion.clion (enforce)\n");
+    process(12, "/opt/confined");
+    file(12, "attr/current", "unconfined\n");
+    EXPECT_EQ(identifiers(), (Identifiers{"us.zoom.xos", "com.jetbrains.CLion"}));
+}
+
+TEST_F(WalkTest, AnAppImageIsKnownByItsFileAndNotByWhatItStarts)
+{
+    const auto image = program("Editor.AppImage");
+    entry("editor", "Name=Editor\nExec=" + image + "\n");
+    const std::string environment = "APPIMAGE=" + image + '\0' + "APPDIR=/tmp/.mount_Ed" + '\0';
+    process(10, "/usr/bin/make");
+    file(10, "environ", environment);
+    EXPECT_EQ(identifiers(), (Identifiers{}));
+    process(11, "/tmp/.mount_Ed/usr/bin/ed");
+    file(11, "environ", environment);
+    EXPECT_EQ(identifiers(), (Identifiers{"editor"}));
+}
+
 TEST_F(WalkTest, NoDisplayAndTerminalEntriesAreNotRegular)
 {
     entry("a", "Name=A\nExec=" + program("a") + "\nNoDisplay=true\n");
