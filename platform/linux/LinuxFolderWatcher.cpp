@@ -9,7 +9,9 @@
 #include <cstdint>
 #include <map>
 #include <mutex>
+#include <set>
 #include <thread>
+#include <utility>
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -49,7 +51,7 @@ std::optional<FolderEntry> entryOf(int folder, const char* name)
 
 } // namespace
 
-// Kept alive by the thread; owns the descriptors.
+// Kept alive by the thread and by who opens a folder; owns the descriptors.
 struct LinuxFolderWatcher::Shared {
     using Handler = std::shared_ptr<std::function<void()>>;
 
@@ -57,12 +59,33 @@ struct LinuxFolderWatcher::Shared {
     const int ending = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
     std::mutex mutex;
     std::multimap<int, Handler> handlers; // by watch descriptor: one folder may be watched twice
+    std::set<int> left;                   // watch descriptors that may have lost their last handler
+    int opening = 0;
     bool running = false;
 
     ~Shared()
     {
         ::close(inotify);
         ::close(ending);
+    }
+
+    // The folder is opened without the lock: that takes as long as its file system does, and removing must not wait.
+    int add(const std::string& path, const Handler& handler)
+    {
+        countOpening();
+        const auto descriptor = ::inotify_add_watch(inotify, path.c_str(), folderEvents | IN_ONLYDIR);
+        const std::lock_guard lock(mutex);
+        --opening;
+        if (descriptor >= 0)
+            handlers.emplace(descriptor, handler);
+        endLeft();
+        return descriptor;
+    }
+
+    void countOpening()
+    {
+        const std::lock_guard lock(mutex);
+        ++opening;
     }
 
     void remove(int descriptor, const Handler& handler)
@@ -72,8 +95,34 @@ struct LinuxFolderWatcher::Shared {
         const auto found = std::find_if(first, last, [&](const auto& each) { return each.second == handler; });
         if (found != last)
             handlers.erase(found);
-        if (!handlers.contains(descriptor))
-            ::inotify_rm_watch(inotify, descriptor);
+        left.insert(descriptor);
+        endLeft();
+    }
+
+    // Who opens a folder just now may have been given the descriptor that an earlier watch of it leaves.
+    void endLeft()
+    {
+        if (opening > 0)
+            return;
+        for (const auto descriptor : std::exchange(left, {})) {
+            if (!handlers.contains(descriptor))
+                ::inotify_rm_watch(inotify, descriptor);
+        }
+    }
+
+    // On the first call.
+    static void startThread(const std::shared_ptr<Shared>& shared)
+    {
+        const std::lock_guard lock(shared->mutex);
+        if (std::exchange(shared->running, true))
+            return;
+        std::thread([shared] {
+            sigset_t all;
+            sigfillset(&all);
+            pthread_sigmask(SIG_BLOCK, &all, nullptr);
+            pthread_setname_np(pthread_self(), "folderwatcher");
+            shared->run();
+        }).detach();
     }
 
     void run()
@@ -124,23 +173,13 @@ LinuxFolderWatcher::~LinuxFolderWatcher()
 
 Cancellable LinuxFolderWatcher::watch(const std::string& path, std::function<void()> onChange)
 {
-    const std::lock_guard lock(m_shared->mutex);
-    const auto descriptor = ::inotify_add_watch(m_shared->inotify, path.c_str(), folderEvents | IN_ONLYDIR);
+    const auto watching = m_shared; // the watcher may go while the folder is being opened
+    const auto handler = std::make_shared<std::function<void()>>(std::move(onChange));
+    const auto descriptor = watching->add(path, handler);
     if (descriptor < 0)
         return {};
-    if (!m_shared->running) {
-        m_shared->running = true;
-        std::thread([shared = m_shared] {
-            sigset_t all;
-            sigfillset(&all);
-            pthread_sigmask(SIG_BLOCK, &all, nullptr);
-            pthread_setname_np(pthread_self(), "folderwatcher");
-            shared->run();
-        }).detach();
-    }
-    const auto handler = std::make_shared<std::function<void()>>(std::move(onChange));
-    m_shared->handlers.emplace(descriptor, handler);
-    return Cancellable([weak = std::weak_ptr(m_shared), descriptor, handler] {
+    Shared::startThread(watching);
+    return Cancellable([weak = std::weak_ptr(watching), descriptor, handler] {
         if (const auto shared = weak.lock())
             shared->remove(descriptor, handler);
     });

@@ -10,8 +10,12 @@
 #include <atomic>
 #include <filesystem>
 #include <fstream>
+#include <future>
+#include <latch>
+#include <utility>
 
 #include <fcntl.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -45,6 +49,39 @@ struct FolderWatcherTest : testing::Test {
     fs::path folder;
     std::atomic<int> changes = 0;
     LinuxFolderWatcher watcher;
+};
+
+// A folder whose file system does not answer, until its end; the administrator alone may mount one.
+class HungFolder
+{
+public:
+    explicit HungFolder(fs::path path) : m_path(std::move(path)), m_server(::open("/dev/fuse", O_RDWR | O_CLOEXEC))
+    {
+        fs::create_directory(m_path);
+        const auto options = "fd=" + std::to_string(m_server) + ",rootmode=40000,user_id=0,group_id=0";
+        m_isMounted = m_server >= 0 && ::mount("hung", m_path.c_str(), "fuse", 0, options.c_str()) == 0;
+    }
+    ~HungFolder()
+    {
+        end();
+        if (m_isMounted)
+            ::umount2(m_path.c_str(), MNT_DETACH);
+    }
+    HungFolder(const HungFolder&) = delete;
+    HungFolder& operator=(const HungFolder&) = delete;
+
+    bool isMounted() const { return m_isMounted; }
+    // What waits for the file system fails.
+    void end()
+    {
+        if (m_server >= 0)
+            ::close(std::exchange(m_server, -1));
+    }
+
+private:
+    fs::path m_path;
+    int m_server;
+    bool m_isMounted = false;
 };
 
 TEST_F(FolderWatcherTest, TellsOfEntriesThatComeMoveAndGo)
@@ -85,6 +122,44 @@ TEST_F(FolderWatcherTest, TwoWatchesOfOneFolderAreIndependent)
     goes.cancel();
     touch("a");
     EXPECT_TRUE(changesReach(1));
+}
+
+// The kernel has one watch for both.
+TEST_F(FolderWatcherTest, AWatchThatEndsTakesNoneThatBeginsAlong)
+{
+    for (int round = 0; round < 1000; ++round) {
+        auto goes = watcher.watch(folder, [] {});
+        std::latch both(2);
+        std::thread other([&] {
+            both.arrive_and_wait();
+            goes.cancel();
+        });
+        both.arrive_and_wait();
+        changes = 0;
+        const auto stays = count();
+        other.join();
+        touch("a");
+        fs::remove(folder / "a");
+        ASSERT_TRUE(changesReach(1)) << "round " << round;
+    }
+}
+
+TEST_F(FolderWatcherTest, AFolderThatHangsHoldsUpNoOther)
+{
+    HungFolder hung(folder / "hung");
+    if (!hung.isMounted())
+        GTEST_SKIP() << "only the administrator may mount";
+    auto token = count();
+    const auto opened = std::async(std::launch::async,
+                                   [&] { return static_cast<bool>(watcher.watch(folder / "hung" / "inner", [] {})); });
+    runEventsFor(50ms);
+    touch("a");
+    EXPECT_TRUE(changesReach(1));
+    const auto cancelled = std::async(std::launch::async, [&] { token.cancel(); });
+    EXPECT_EQ(cancelled.wait_for(2s), std::future_status::ready);
+    EXPECT_EQ(opened.wait_for(0s), std::future_status::timeout);
+    hung.end();
+    EXPECT_EQ(opened.wait_for(2s), std::future_status::ready);
 }
 
 TEST_F(FolderWatcherTest, AFileOrAMissingFolderCannotBeOpened)
