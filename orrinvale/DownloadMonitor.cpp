@@ -117,13 +117,25 @@ void DownloadMonitor::startWatching()
     m_link = std::make_shared<Link>(Link{*this});
     m_scans = m_serialQueues.make("com.orrinvale.downloadmonitor");
     m_isScanning = false;
-    m_dispatchSource =
-        m_folders.watch(m_settings.downloadsFolderPath.get(), [&queue = m_queue, weak = std::weak_ptr(m_link)] {
+    m_scans->post([&folders = m_folders, &queue = m_queue, path = m_settings.downloadsFolderPath.get(),
+                   weak = std::weak_ptr(m_link)] {
+        const auto onChange = [&queue, weak] {
             queue.post([weak] {
                 if (const auto link = weak.lock())
                     link->monitor.scan();
             });
+        };
+        // Shared, since work is copied; nobody takes a token that comes late, and it goes with the work.
+        queue.post([weak, token = std::make_shared<Cancellable>(folders.watch(path, onChange))] {
+            if (const auto link = weak.lock())
+                link->monitor.finishWatching(std::move(*token));
         });
+    });
+}
+
+void DownloadMonitor::finishWatching(Cancellable token)
+{
+    m_dispatchSource = std::move(token);
     if (!m_dispatchSource)
         consoleLine("DownloadMonitor", "could not open Downloads directory");
 }

@@ -17,8 +17,8 @@ struct FolderEntry;
 struct Platform;
 
 // Sees partial downloads in the user's Downloads folder: on each change of the folder, and every 5 seconds. The folder
-// is listed on a queue of its own with a copy of the path, so that a slow file system holds up nothing else; a new path
-// gets a new queue, and what the old one still finds is dropped. Owned by the engine; main thread.
+// is opened and listed on a queue of its own with a copy of the path, so that a slow file system holds up nothing else;
+// a new path gets a new queue, and what the old one still finds is dropped. Owned by the engine; main thread.
 class DownloadMonitor
 {
 public:
@@ -34,6 +34,7 @@ private:
     struct Link;
 
     void startWatching();
+    void finishWatching(Cancellable token);
     void retarget();
     void scan();
     void finishScan(std::optional<WakeSignals> found);

@@ -23,8 +23,10 @@ class FolderWatcher
 {
 public:
     virtual ~FolderWatcher() = default;
-    // Calls `onChange` on a background thread after entries came, went or were renamed, until the token is dropped;
-    // events in a row may come as one call. An empty token: the folder could not be opened. Main thread.
+    // Calls `onChange` on a background thread after entries came, went or were renamed, from the return on until the
+    // token is dropped; events in a row may come as one call. An empty token: the folder could not be opened. Any
+    // thread but the main one: it may take as long as the file system does. The token may be dropped on any thread and
+    // waits for no folder.
     [[nodiscard]] virtual Cancellable watch(const std::string& path, std::function<void()> onChange) = 0;
     // The direct entries without the hidden ones (and without those whose date cannot be read); nullopt when the
     // folder cannot be listed. Any thread; may take as long as the file system does.

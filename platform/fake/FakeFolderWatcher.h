@@ -6,6 +6,7 @@
 
 #include <map>
 #include <memory>
+#include <utility>
 
 namespace orrinvale
 {
@@ -16,6 +17,7 @@ public:
     std::map<std::string, std::vector<FolderEntry>> folders; // a path that is missing cannot be opened or listed
     std::vector<std::string> watched;                        // every attempt
     int listings = 0;
+    std::function<void()> whileOpening; // what goes on elsewhere during the next attempt
 
     std::size_t liveWatches() const { return m_watches->size(); }
 
@@ -32,6 +34,8 @@ public:
     Cancellable watch(const std::string& path, std::function<void()> onChange) override
     {
         watched.push_back(path);
+        if (const auto meanwhile = std::exchange(whileOpening, nullptr))
+            meanwhile();
         if (!folders.contains(path))
             return {};
         m_watches->emplace(++m_lastId, Watch{path, std::move(onChange)});

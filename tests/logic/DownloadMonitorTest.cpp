@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/DownloadMonitor.h"
 
+#include "base/ThreadSerialQueue.h"
 #include "tests/logic/LogicFixture.h"
+
+#include <mutex>
+#include <semaphore>
 
 namespace orrinvale
 {
@@ -191,6 +195,59 @@ TEST_F(DownloadMonitorTest, AResultForAnEarlierPathIsDropped)
     EXPECT_EQ(sizes.back(), 0u);
 }
 
+TEST_F(DownloadMonitorTest, AFolderThatFailsToOpenIsToldOnceForEachPath)
+{
+    start();
+    fake.folders.folders.clear();
+    testing::internal::CaptureStdout();
+    for (const auto* path : {"/nowhere", "/nowhere else"}) {
+        settings().downloadsFolderPath.set(path);
+        time.runPending();
+        time.advance(20s);
+    }
+    const std::string line = "⚠️ DownloadMonitor: could not open Downloads directory\n";
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), line + line);
+}
+
+TEST_F(DownloadMonitorTest, AWatchThatComesLateForAnEarlierPathIsDropped)
+{
+    fake.folders.folders["/elsewhere"] = {{"other.part", time.now()}};
+    fake.folders.whileOpening = [this] {
+        settings().downloadsFolderPath.set("/elsewhere");
+        time.runPending();
+    };
+    start();
+    EXPECT_THAT(fake.folders.watched, ElementsAre(folder, "/elsewhere"));
+    EXPECT_THAT(details(), ElementsAre("Downloading other.part"));
+    EXPECT_EQ(fake.folders.liveWatches(), 1u);
+    const auto before = fake.folders.listings;
+    fake.folders.notify("/elsewhere");
+    time.runPending();
+    EXPECT_EQ(fake.folders.listings, before + 1);
+}
+
+TEST_F(DownloadMonitorTest, AFailureThatComesLateForAnEarlierPathIsNotTold)
+{
+    fake.folders.folders["/elsewhere"];
+    fake.folders.folders.erase(folder);
+    fake.folders.whileOpening = [this] {
+        settings().downloadsFolderPath.set("/elsewhere");
+        time.runPending();
+    };
+    testing::internal::CaptureStdout();
+    start();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(fake.folders.liveWatches(), 1u);
+}
+
+TEST_F(DownloadMonitorTest, AWatchThatComesAfterTheStopIsDropped)
+{
+    fake.folders.whileOpening = [this] { monitor->stop(); };
+    start();
+    EXPECT_THAT(fake.folders.watched, ElementsAre(folder));
+    EXPECT_EQ(fake.folders.liveWatches(), 0u);
+}
+
 TEST_F(DownloadMonitorTest, StopEmptiesTheListAndLeavesNothingRunning)
 {
     put("film.part");
@@ -211,6 +268,106 @@ TEST_F(DownloadMonitorTest, MayBeDestroyedWhileAScanIsOnItsWay)
     monitor.reset();
     time.runPending();
     EXPECT_EQ(time.timerCount(), 0u);
+}
+
+TEST_F(DownloadMonitorTest, MayBeDestroyedWhileItsFolderIsBeingOpened)
+{
+    fake.folders.whileOpening = [this] { monitor.reset(); };
+    start();
+    EXPECT_THAT(fake.folders.watched, ElementsAre(folder));
+    EXPECT_EQ(fake.folders.liveWatches(), 0u);
+}
+
+// A main queue that real threads may post to; its timers are in virtual time.
+class ThreadedMainQueue final : public MainQueue
+{
+public:
+    explicit ThreadedMainQueue(VirtualTime& time) : m_time(time) {}
+
+    void post(std::function<void()> work) override
+    {
+        const std::lock_guard lock(m_mutex);
+        m_posted.push_back(std::move(work));
+    }
+    Cancellable after(std::chrono::nanoseconds delay, std::function<void()> work) override
+    {
+        return m_time.after(delay, std::move(work));
+    }
+    Cancellable every(std::chrono::nanoseconds interval, std::function<void()> work) override
+    {
+        return m_time.every(interval, std::move(work));
+    }
+    void runPending()
+    {
+        std::vector<std::function<void()>> due;
+        {
+            const std::lock_guard lock(m_mutex);
+            due.swap(m_posted);
+        }
+        for (const auto& work : due)
+            work();
+    }
+
+private:
+    VirtualTime& m_time;
+    std::mutex m_mutex;
+    std::vector<std::function<void()>> m_posted;
+};
+
+// Opens its folder when told to, and fails when that takes too long.
+struct SlowFolderWatcher final : FolderWatcher {
+    Cancellable watch(const std::string&, std::function<void()>) override
+    {
+        opening.release();
+        return mayOpen.try_acquire_for(10s) ? Cancellable([] {}) : Cancellable();
+    }
+    std::optional<std::vector<FolderEntry>> entries(const std::string&) override { return {{{"film.part", now}}}; }
+
+    const Instant now = VirtualTime::defaultStart;
+    std::binary_semaphore opening{0};
+    std::binary_semaphore mayOpen{0};
+};
+
+TEST_F(DownloadMonitorTest, AFolderThatHangsWhileItOpensHoldsUpTheScansAlone)
+{
+    ThreadedMainQueue queue(time);
+    ThreadSerialQueues threads;
+    SlowFolderWatcher folders;
+    const auto& rest = platform();
+    const Platform slow{queue,
+                        threads,
+                        rest.background,
+                        rest.clock,
+                        rest.applicationSupport,
+                        rest.appearance,
+                        rest.cpuCounters,
+                        folders,
+                        rest.installedApplications,
+                        rest.loginItem,
+                        rest.mediaDevices,
+                        rest.networkCounters,
+                        rest.powerAssertions,
+                        rest.powerSources,
+                        rest.processStatus,
+                        rest.runningApplications,
+                        rest.sessionEvents,
+                        rest.userDefaults,
+                        rest.userNotifications};
+    monitor.emplace(slow, settings());
+    const auto begin = std::chrono::steady_clock::now();
+    monitor->start();
+    ASSERT_TRUE(folders.opening.try_acquire_for(10s));
+    time.advance(7s); // a poll
+    queue.runPending();
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 5s);
+    EXPECT_THAT(details(), IsEmpty());
+    folders.mayOpen.release();
+    while (details().empty() && std::chrono::steady_clock::now() - begin < 20s) {
+        std::this_thread::sleep_for(1ms);
+        queue.runPending();
+    }
+    EXPECT_THAT(details(), ElementsAre("Downloading film.part"));
+    monitor.reset();
 }
 
 } // namespace
