@@ -7,6 +7,7 @@
 #include "orrinvale/Shapes.h"
 
 #include <QPainter>
+#include <QSignalBlocker>
 #include <QVariantAnimation>
 
 #include <algorithm>
@@ -49,7 +50,8 @@ ToggleRow::ToggleRow(const QString& title, const QString& subtitle, QWidget* par
         m_position = value.toDouble();
         QWidget::update();
     });
-    QObject::connect(this, &QAbstractButton::clicked, this, [this](bool isOn) {
+    // Assistive technology toggles a switch instead of clicking it.
+    QObject::connect(this, &QAbstractButton::toggled, this, [this](bool isOn) {
         moveKnob();
         if (onToggle)
             onToggle(isOn);
@@ -60,7 +62,10 @@ void ToggleRow::setOn(bool isOn)
 {
     if (isOn == isChecked())
         return;
-    setChecked(isOn);
+    {
+        const QSignalBlocker silence(this);
+        setChecked(isOn);
+    }
     moveKnob();
 }
 

@@ -106,6 +106,18 @@ TEST_F(ToggleRowTest, ItsKeysTurnIt)
     EXPECT_THAT(toggled, ElementsAre(true, false));
 }
 
+TEST_F(ToggleRowTest, AssistiveTechnologyTurnsIt)
+{
+    auto* actions = QAccessible::queryAccessibleInterface(row)->actionInterface();
+    ASSERT_THAT(actions->actionNames(), testing::Contains(QAccessibleActionInterface::toggleAction()));
+    actions->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_THAT(toggled, ElementsAre(true));
+    EXPECT_TRUE(isNearly(pixel(32, 10), Qt::white));
+    actions->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_THAT(toggled, ElementsAre(true, false));
+    EXPECT_TRUE(isNearly(pixel(5, 10), WindowPalette::of(Look::light).controlBorder));
+}
+
 TEST_F(ToggleRowTest, ShowingAStateTellsNobody)
 {
     row->setOn(true);
