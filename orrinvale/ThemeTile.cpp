@@ -89,7 +89,7 @@ ThemeTile::ThemeTile(AppTheme theme, QWidget* parent) : PaintedButton(parent), m
     setText(name);
     setAccessibleName(name + QStringLiteral(" theme"));
     setCheckable(true);
-    setAutoExclusive(true);
+    setAutoExclusive(true); // which makes it a radio button
     setCursor(Qt::PointingHandCursor);
 }
 

@@ -31,6 +31,8 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    // A click of the user must not change the state by itself: the row of tiles does.
+    void nextCheckState() override {}
 
 private:
     void paintPicture(QPainter& painter, const QRectF& picture) const;

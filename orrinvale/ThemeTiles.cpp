@@ -55,12 +55,20 @@ ThemeTiles::ThemeTiles(QWidget* parent)
 {
     for (std::size_t i = 0; i < m_tiles.size(); ++i) {
         m_tiles[i] = new ThemeTile(allAppThemes[i], this);
-        QObject::connect(m_tiles[i], &QAbstractButton::clicked, this, [this, theme = allAppThemes[i]] {
-            choose(theme);
-            if (onChoose)
-                onChoose(theme);
+        QObject::connect(m_tiles[i], &QAbstractButton::clicked, this, [this, i] { tap(*m_tiles[i]); });
+        // Assistive technology checks a radio button instead of clicking it.
+        QObject::connect(m_tiles[i], &QAbstractButton::toggled, this, [this, i](bool isNowChecked) {
+            if (isNowChecked && !m_tiles[i]->isChosen())
+                tap(*m_tiles[i]);
         });
     }
+}
+
+void ThemeTiles::tap(const ThemeTile& tile)
+{
+    choose(tile.theme());
+    if (onChoose)
+        onChoose(tile.theme());
 }
 
 void ThemeTiles::choose(AppTheme theme)

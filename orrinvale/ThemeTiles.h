@@ -41,6 +41,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void tap(const ThemeTile& tile);
     void layOut();
 
     RowText* m_text;

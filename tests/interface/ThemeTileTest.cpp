@@ -118,6 +118,13 @@ TEST_F(ThemeTileTest, TheChosenOneHasARingAndAStrongName)
     }
 }
 
+TEST_F(ThemeTileTest, AClickAloneDoesNotChooseIt)
+{
+    QTest::mouseClick(&tile(AppTheme::light), Qt::LeftButton);
+    EXPECT_FALSE(made->isChecked());
+    EXPECT_FALSE(made->isChosen());
+}
+
 TEST_F(ThemeTileTest, ThePointerBringsAQuietRing)
 {
     tile(AppTheme::light);

@@ -7,6 +7,7 @@
 #include "orrinvale/WindowText.h"
 #include "tests/interface/WindowFixture.h"
 
+#include <QAccessible>
 #include <QFontMetricsF>
 
 namespace orrinvale
@@ -121,6 +122,22 @@ TEST_F(ThemeTilesTest, AClickOnTheChosenOneAppliesItAgain)
     QTest::mouseClick(tiles->tiles()[0], Qt::LeftButton, {}, middleOf(*tiles->tiles()[0]));
     EXPECT_THAT(chosen, ElementsAre(AppTheme::light));
     EXPECT_THAT(checked(), ElementsAre(AppTheme::light));
+}
+
+TEST_F(ThemeTilesTest, AssistiveTechnologyCanChoose)
+{
+    for (const auto i : {2u, 0u, 3u}) {
+        auto* tile = QAccessible::queryAccessibleInterface(tiles->tiles()[i]);
+        EXPECT_EQ(tile->role(), QAccessible::RadioButton);
+        ASSERT_THAT(tile->actionInterface()->actionNames(),
+                    testing::Contains(QAccessibleActionInterface::toggleAction()));
+        tile->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        EXPECT_THAT(checked(), ElementsAre(allAppThemes[i]));
+    }
+    EXPECT_THAT(chosen, ElementsAre(AppTheme::system, AppTheme::light, AppTheme::sakura));
+    auto* actions = QAccessible::queryAccessibleInterface(tiles->tiles()[3])->actionInterface();
+    actions->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_THAT(checked(), ElementsAre(AppTheme::sakura)) << "one is always chosen";
 }
 
 TEST_F(ThemeTilesTest, ArrowsChooseAndTheFocusGoesAlong)
