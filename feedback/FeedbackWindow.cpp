@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "feedback/FeedbackWindow.h"
 
+#include "orrinvale/WindowPlacement.h"
+
 #include <QKeyEvent>
 #include <QScreen>
 
@@ -17,7 +19,7 @@ FeedbackWindow::FeedbackWindow(FeedbackView* view, Look look)
     m_view->applyTheme(look);
     setMinimumSize(feedbackFrame::minimumSize);
     resize(feedbackFrame::size);
-    move(screen()->availableGeometry().center() - rect().center());
+    move(cornerInMiddle(screen()->availableGeometry(), size()));
 }
 
 void FeedbackWindow::applyTheme(Look look)
@@ -34,11 +36,13 @@ void FeedbackWindow::bringForward()
     activateWindow();
 }
 
-void FeedbackWindow::changeEvent(QEvent* event)
+// changeEvent() is not called for it.
+bool FeedbackWindow::event(QEvent* event)
 {
-    QWidget::changeEvent(event);
+    const auto isHandled = QWidget::event(event);
     if (event->type() == QEvent::ApplicationFontChange)
         m_view->applyTheme(m_look);
+    return isHandled;
 }
 
 void FeedbackWindow::keyPressEvent(QKeyEvent* event)

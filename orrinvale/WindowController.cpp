@@ -4,6 +4,7 @@
 
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/ApplicationIcon.h"
+#include "orrinvale/WindowPlacement.h"
 #include "platform/Appearance.h"
 #include "platform/Platform.h"
 
@@ -13,8 +14,6 @@
 #include <QPainter>
 #include <QScreen>
 #include <QWidget>
-
-#include <algorithm>
 
 namespace orrinvale
 {
@@ -105,15 +104,10 @@ void WindowController::restyle()
     m_window->update();
 }
 
-// A window larger than the screen shows its upper left corner.
 void WindowController::moveToMiddle()
 {
-    const auto* screen = QGuiApplication::primaryScreen();
-    if (!screen)
-        return;
-    const auto available = screen->availableGeometry();
-    const auto corner = available.center() - m_window->rect().center();
-    m_window->move(std::max(corner.x(), available.left()), std::max(corner.y(), available.top()));
+    if (const auto* screen = QGuiApplication::primaryScreen())
+        m_window->move(cornerInMiddle(screen->availableGeometry(), m_window->size()));
 }
 
 void WindowController::showWindow()
