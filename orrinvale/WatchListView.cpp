@@ -63,6 +63,9 @@ void WatchListView::setProcesses(const std::vector<CustomProcess>& processes)
         std::find_if(m_rows.begin(), m_rows.end(), [](const auto* row) { return row->deleteButton().hasFocus(); });
     const auto focusedRow = static_cast<std::size_t>(focused - m_rows.begin());
     const auto hadFocus = focused != m_rows.end();
+    const auto hadRing = hadFocus && (*focused)->deleteButton().showsFocusRing();
+    if (hadFocus)
+        (*focused)->deleteButton().clearFocus(); // hiding it would move the focus as the Tab key does
     for (auto* row : m_rows) {
         row->hide();
         row->deleteLater(); // it may be its own button that asked
@@ -74,7 +77,7 @@ void WatchListView::setProcesses(const std::vector<CustomProcess>& processes)
     m_emptyLabel->setVisible(m_rows.empty());
     m_hintLabel->setVisible(m_rows.empty());
     if (hadFocus)
-        moveFocusFrom(focusedRow);
+        moveFocusFrom(focusedRow, hadRing ? Qt::TabFocusReason : Qt::OtherFocusReason);
     layOut();
     update();
     if (onHeightChange)
@@ -93,10 +96,10 @@ void WatchListView::orderFocus()
         QWidget::setTabOrder(previous, m_addButton);
 }
 
-void WatchListView::moveFocusFrom(std::size_t deletedRow)
+void WatchListView::moveFocusFrom(std::size_t deletedRow, Qt::FocusReason reason)
 {
     auto& next = deletedRow < m_rows.size() ? m_rows[deletedRow]->deleteButton() : *m_addButton;
-    next.setFocus(Qt::TabFocusReason);
+    next.setFocus(reason);
 }
 
 int WatchListView::listHeight() const

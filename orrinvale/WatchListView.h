@@ -52,7 +52,7 @@ private:
     WatchListRow* makeRow(const CustomProcess& process);
     int listHeight() const;
     void orderFocus();
-    void moveFocusFrom(std::size_t deletedRow);
+    void moveFocusFrom(std::size_t deletedRow, Qt::FocusReason reason);
     void layOut();
     void layOutEmpty();
 

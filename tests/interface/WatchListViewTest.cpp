@@ -190,6 +190,19 @@ TEST_F(WatchListViewTest, AfterDeletingTheFocusGoesToTheNextRowElseToTheAddButto
     EXPECT_TRUE(view->addButton().showsFocusRing());
 }
 
+TEST_F(WatchListViewTest, DeletingWithTheMouseMovesTheFocusWithoutARing)
+{
+    watch({"One", "Two"});
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    press(deleteButton(0));
+    EXPECT_TRUE(deleteButton(0).hasFocus());
+    EXPECT_FALSE(deleteButton(0).showsFocusRing());
+    press(deleteButton(0));
+    EXPECT_TRUE(view->addButton().hasFocus());
+    EXPECT_FALSE(view->addButton().showsFocusRing());
+}
+
 TEST_F(WatchListViewTest, TheDeleteKeyRemovesTheRowOfItsButton)
 {
     watch({"One", "Two"});
