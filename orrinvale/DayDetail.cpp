@@ -29,11 +29,6 @@ DayDetail dayDetail(Instant date, const std::optional<DayUsageRecord>& record, I
     return detail;
 }
 
-std::string hourBarText(int hour, double seconds, const LocalCalendar& calendar)
-{
-    return calendar.hourText(hour) + " — " + (seconds > 0 ? formatDuration(seconds) : "No activity");
-}
-
 std::string hourChartText(const DayDetail& detail, const LocalCalendar& calendar)
 {
     if (detail.isEmpty)

@@ -37,8 +37,6 @@ DayDetail dayDetail(Instant date, const std::optional<DayUsageRecord>& record, I
 
 inline constexpr auto noActivityText = "No activity tracked yet";
 
-// "2:00 PM — 45m": what one bar of the chart stands for.
-std::string hourBarText(int hour, double seconds, const LocalCalendar& calendar);
 // "3h 5m, most at 2:00 PM": what the chart says to assistive technology.
 std::string hourChartText(const DayDetail& detail, const LocalCalendar& calendar);
 

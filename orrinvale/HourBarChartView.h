@@ -12,7 +12,7 @@ namespace orrinvale
 class LocalCalendar;
 struct DayDetail;
 
-// One bar an hour; hovering over one tells its hour and how long something was active. Main thread.
+// One bar an hour, as high as something was active in it. Main thread.
 class HourBarChartView final : public QWidget
 {
     Q_OBJECT
@@ -27,7 +27,6 @@ public:
     QColor barColour() const;
 
 protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

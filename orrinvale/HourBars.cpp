@@ -21,7 +21,7 @@ double scaleOf(const std::vector<double>& buckets)
 
 } // namespace
 
-HourBars::HourBars(const std::vector<double>& buckets, double width, double height) : m_height(height)
+HourBars::HourBars(const std::vector<double>& buckets, double width, double height)
 {
     if (buckets.empty())
         return;
@@ -37,15 +37,6 @@ HourBars::HourBars(const std::vector<double>& buckets, double width, double heig
 double HourBars::cornerRadius(const Rect& bar) const
 {
     return std::min(bar.width / 2.5, bar.height / 2);
-}
-
-std::optional<int> HourBars::hourAt(Point point) const
-{
-    for (std::size_t i = 0; i < bars.size(); ++i) {
-        if (Rect{bars[i].x, 0, bars[i].width, std::max(m_height, bars[i].height)}.contains(point))
-            return static_cast<int>(i);
-    }
-    return std::nullopt;
 }
 
 } // namespace orrinvale

@@ -4,7 +4,6 @@
 
 #include "orrinvale/Geometry.h"
 
-#include <optional>
 #include <vector>
 
 namespace orrinvale
@@ -16,11 +15,6 @@ struct HourBars {
 
     std::vector<Rect> bars;
     double cornerRadius(const Rect& bar) const;
-    // The hour whose column that is, over the whole height; nullopt in the gaps and outside.
-    std::optional<int> hourAt(Point point) const;
-
-private:
-    double m_height;
 };
 
 } // namespace orrinvale

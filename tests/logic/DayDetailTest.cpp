@@ -96,13 +96,6 @@ TEST_F(DayDetailTest, TheSixAppsWithMostTimeAreListed)
                                                 DayDetail::AppRow{"App 3", "30m"}, DayDetail::AppRow{"App 2", "20m"}));
 }
 
-TEST_F(DayDetailTest, ABarTellsItsHourAndDuration)
-{
-    EXPECT_EQ(hourBarText(14, 2700, calendar), "14:00 — 45m");
-    EXPECT_EQ(hourBarText(0, 20, calendar), "00:00 — < 1m");
-    EXPECT_EQ(hourBarText(23, 0, calendar), "23:00 — No activity");
-}
-
 TEST_F(DayDetailTest, TheChartTellsItsTotalAndBusiestHour)
 {
     EXPECT_EQ(hourChartText(detailOf(record()), calendar), "2h 30m, most at 14:00");
@@ -143,16 +136,6 @@ TEST(HourBars, TheRadiusFollowsTheWidthAndNeverExceedsHalfTheHeight)
     const HourBars chart({100, 0}, 46, 100); // bars 20 wide
     EXPECT_EQ(chart.cornerRadius(chart.bars[0]), 8);
     EXPECT_EQ(chart.cornerRadius(chart.bars[1]), 2);
-}
-
-TEST(HourBars, AnHourIsHoveredOverItsWholeHeightAndNotInTheGaps)
-{
-    const HourBars chart({100, 0}, 46, 100);
-    EXPECT_EQ(chart.hourAt({10, 90}), 0);
-    EXPECT_EQ(chart.hourAt({30, 90}), 1);
-    EXPECT_EQ(chart.hourAt({23, 50}), std::nullopt);
-    EXPECT_EQ(chart.hourAt({46, 50}), std::nullopt);
-    EXPECT_EQ(chart.hourAt({10, 100}), std::nullopt);
 }
 
 TEST(HourBars, NothingBreaksWithoutRoomOrHours)
