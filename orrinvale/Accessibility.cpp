@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/Accessibility.h"
 
+#include "orrinvale/AppPickerSheet.h"
+#include "orrinvale/HourBarChartView.h"
 #include "orrinvale/ModeToggleControl.h"
 #include "orrinvale/Popover.h"
 
@@ -52,6 +54,10 @@ QAccessibleInterface* make(const QString&, QObject* object)
         return new QAccessibleWidget(popover, QAccessible::Dialog);
     if (auto* toggle = qobject_cast<ModeToggleControl*>(object))
         return new QAccessibleWidget(toggle, QAccessible::Grouping);
+    if (auto* sheet = qobject_cast<AppPickerSheet*>(object))
+        return new QAccessibleWidget(sheet, QAccessible::Dialog);
+    if (auto* chart = qobject_cast<HourBarChartView*>(object))
+        return new QAccessibleWidget(chart, QAccessible::Chart);
     return nullptr;
 }
 

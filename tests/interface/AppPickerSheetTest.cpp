@@ -12,6 +12,7 @@
 #include "orrinvale/WindowButton.h"
 #include "tests/interface/InterfaceFixture.h"
 
+#include <QAccessible>
 #include <QLineEdit>
 #include <QPointer>
 #include <QScrollBar>
@@ -104,6 +105,13 @@ TEST_F(AppPickerSheetTest, StandsInTheMiddleAndCoversTheContent)
     content.resize(460, 400);
     EXPECT_EQ(sheet->cardRect(), QRect(20, 24, 420, 352));
     EXPECT_EQ(list().geometry(), QRect(20, 96, 380, 128));
+}
+
+TEST_F(AppPickerSheetTest, IsADialogToAssistiveTechnology)
+{
+    auto* accessible = QAccessible::queryAccessibleInterface(&open());
+    EXPECT_EQ(accessible->role(), QAccessible::Dialog);
+    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Add App to Watch List"));
 }
 
 TEST_F(AppPickerSheetTest, EverythingHasItsPlace)

@@ -5,6 +5,8 @@
 #include "orrinvale/DayDetail.h"
 #include "tests/interface/WindowFixture.h"
 
+#include <QAccessible>
+
 namespace orrinvale
 {
 
@@ -134,6 +136,14 @@ TEST_F(HourBarChartViewTest, HoveringIsSilent)
     EXPECT_EQ(toolTipAt(chart, {14 * step + 5, 99}), QString());
     EXPECT_EQ(toolTipAt(chart, {0, 99}), QString());
     EXPECT_FALSE(chart.hasMouseTracking());
+}
+
+TEST_F(HourBarChartViewTest, IsAChartToAssistiveTechnology)
+{
+    show({{14, 2700}});
+    auto* accessible = QAccessible::queryAccessibleInterface(&chart);
+    EXPECT_EQ(accessible->role(), QAccessible::Chart);
+    EXPECT_EQ(accessible->text(QAccessible::Name), chart.accessibleName());
 }
 
 TEST_F(HourBarChartViewTest, SaysItsTotalAndBusiestHour)
