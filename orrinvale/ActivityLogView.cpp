@@ -5,11 +5,14 @@
 #include "orrinvale/DayDetailView.h"
 #include "orrinvale/FocusRing.h"
 #include "orrinvale/HeatmapView.h"
+#include "orrinvale/OverlayScrollArea.h"
 #include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowButton.h"
 #include "orrinvale/WindowText.h"
 
+#include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 
 namespace orrinvale
 {
@@ -81,6 +84,18 @@ void ActivityLogView::layOut()
     m_heatmapView->setGeometry(inset, heatmapTop, width() - 2 * inset, heatmapHeight);
     const auto detailTop = heatmapTop + heatmapHeight + cardGap;
     m_dayDetailView->setGeometry(inset, detailTop, width() - 2 * inset, height() - inset - detailTop);
+}
+
+// What does not fit in the day's card has nothing that could have the focus.
+void ActivityLogView::keyPressEvent(QKeyEvent* event)
+{
+    auto* scrollBar = m_dayDetailView->scrollArea().verticalScrollBar();
+    if (event->key() == Qt::Key_PageUp)
+        scrollBar->triggerAction(QAbstractSlider::SliderPageStepSub);
+    else if (event->key() == Qt::Key_PageDown)
+        scrollBar->triggerAction(QAbstractSlider::SliderPageStepAdd);
+    else
+        event->ignore();
 }
 
 void ActivityLogView::resizeEvent(QResizeEvent*)

@@ -36,6 +36,7 @@ public:
     DayDetailView& dayDetailView() const { return *m_dayDetailView; }
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 

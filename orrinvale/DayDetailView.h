@@ -43,6 +43,7 @@ public:
     TextLabel& emptyLabel() const { return *m_emptyLabel; }
     HourBarChartView& barChart() const { return *m_barChart; }
     const std::vector<AppRow>& appRows() const { return m_appRows; }
+    OverlayScrollArea& scrollArea() const { return *m_scrollArea; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

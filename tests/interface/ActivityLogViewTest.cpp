@@ -6,8 +6,11 @@
 #include "orrinvale/FocusRing.h"
 #include "orrinvale/HeatmapView.h"
 #include "orrinvale/HourBarChartView.h"
+#include "orrinvale/OverlayScrollArea.h"
 #include "orrinvale/WindowButton.h"
 #include "tests/interface/WindowFixture.h"
+
+#include <QScrollBar>
 
 namespace orrinvale
 {
@@ -123,6 +126,26 @@ TEST_F(ActivityLogViewTest, ClearTurnsDangerousUnderThePointerAndExportDoesNot)
     pointAt(view.exportButton());
     EXPECT_EQ(bytes(view.clearButton().ink()), bytes(WindowPalette::of(Look::light).danger));
     EXPECT_EQ(bytes(view.exportButton().ink()), bytes(WindowPalette::of(Look::light).primaryText));
+}
+
+TEST_F(ActivityLogViewTest, TheKeyboardPagesThroughWhatDoesNotFitInTheDay)
+{
+    view.resize(520, 480);
+    auto& bar = *view.dayDetailView().scrollArea().verticalScrollBar();
+    ASSERT_GT(bar.maximum(), 0);
+    for (auto* focused : std::initializer_list<QWidget*>{&view.heatmapView(), &view.clearButton()}) {
+        QTest::keyClick(focused, Qt::Key_PageDown);
+        EXPECT_EQ(bar.value(), std::min(bar.pageStep(), bar.maximum()));
+        QTest::keyClick(focused, Qt::Key_PageUp);
+        EXPECT_EQ(bar.value(), 0);
+    }
+}
+
+TEST_F(ActivityLogViewTest, OtherKeysAreLeftToTheWindow)
+{
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, {});
+    QApplication::sendEvent(&view, &escape);
+    EXPECT_FALSE(escape.isAccepted());
 }
 
 TEST_F(ActivityLogViewTest, LargerTextIsWholeAndKeepsApart)
