@@ -8,11 +8,21 @@
 namespace orrinvale
 {
 
+namespace
+{
+
+// Everything but the button that minimizes.
+constexpr auto flags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                       Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint;
+
+} // namespace
+
 SettingsWindowController::SettingsWindowController(AppSettings& settings, const Platform& platform,
                                                    SettingsView::Surroundings surroundings)
     : WindowController(settings, platform, {QStringLiteral("orrinvale Settings"), QSize(540, 560), QSize(460, 400)}),
       m_view(new SettingsView(settings, platform, std::move(surroundings)))
 {
+    window().setWindowFlags(flags);
     setContent(m_view);
     m_view->onAddApp = [this] { showAppPicker(); };
 }

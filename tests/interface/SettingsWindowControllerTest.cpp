@@ -48,6 +48,8 @@ TEST_F(SettingsWindowControllerTest, HasTheWindowOfTheSettings)
     EXPECT_EQ(window.size(), QSize(540, 560));
     EXPECT_EQ(window.minimumSize(), QSize(460, 400));
     EXPECT_TRUE(window.windowFlags() & Qt::WindowCloseButtonHint);
+    EXPECT_TRUE(window.windowFlags() & Qt::WindowMaximizeButtonHint);
+    EXPECT_FALSE(window.windowFlags() & Qt::WindowMinimizeButtonHint);
     EXPECT_FALSE(window.isVisible());
 }
 
