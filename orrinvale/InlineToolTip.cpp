@@ -95,9 +95,9 @@ void InlineToolTip::end()
 }
 
 // It may also have been the owner of an earlier tip.
-void InlineToolTip::ownerGone()
+void InlineToolTip::ownerGone(QObject* owner)
 {
-    if (!m_owner)
+    if (owner == m_owner)
         end();
 }
 

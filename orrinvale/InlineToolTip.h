@@ -26,7 +26,7 @@ protected:
 private:
     void showFor(QWidget& owner);
     void end();
-    void ownerGone();
+    void ownerGone(QObject* owner);
 
     QRect m_room;
     QPointer<QWidget> m_owner;
