@@ -4,6 +4,9 @@
 
 #include "tests/platform/ScriptedService.h"
 
+#include <QCoreApplication>
+#include <QDBusConnectionInterface>
+
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -29,6 +32,10 @@ struct UserNotificationsTest : testing::Test {
     {
         daemon.reset(); // two cannot have the name
         daemon = std::make_unique<ScriptedService>(QStringLiteral(NOTIFICATION_DAEMON), options);
+        // Its word that it is ready may be faster than the bus; what the bus said of it comes before this answer.
+        ASSERT_TRUE(QDBusConnection::sessionBus().interface()->isServiceRegistered(
+            QStringLiteral("org.freedesktop.Notifications")));
+        QCoreApplication::processEvents();
     }
     void active(const char* body = "Downloading a & b.part") { notifications.post({"active", "Active", body}); }
     void idle()
