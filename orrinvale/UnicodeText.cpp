@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/UnicodeText.h"
 
+#include <cstdint>
+
 #include <unicode/ustring.h>
 
 namespace orrinvale
