@@ -14,7 +14,7 @@
 namespace orrinvale
 {
 
-enum class Deliver { PresentAndChanges, ChangesOnly };
+enum class Deliver { presentAndChanges, changesOnly };
 
 // An observable value. `set` announces the new value to every observer and then stores it, equal values too; a
 // synchronous observer therefore still reads the old value from the owner, one behind a queue reads the new one.
@@ -46,16 +46,16 @@ public:
     void afterStore(Handler action) { m_afterStore = std::move(action); }
 
     // Calls `handler` inside `set`, before the value is stored.
-    [[nodiscard]] Cancellable observe(Handler handler, Deliver deliver = Deliver::PresentAndChanges)
+    [[nodiscard]] Cancellable observe(Handler handler, Deliver deliver = Deliver::presentAndChanges)
     {
         assertMainThread();
-        if (deliver == Deliver::PresentAndChanges)
+        if (deliver == Deliver::presentAndChanges)
             handler(m_value);
         return m_observers->add(std::move(handler));
     }
 
     // Hands each announced value to `handler` in a turn of `queue` of its own; none arrives once the token is dropped.
-    [[nodiscard]] Cancellable observeOn(MainQueue& queue, Handler handler, Deliver deliver = Deliver::PresentAndChanges)
+    [[nodiscard]] Cancellable observeOn(MainQueue& queue, Handler handler, Deliver deliver = Deliver::presentAndChanges)
     {
         auto shared = std::make_shared<Handler>(std::move(handler));
         auto token = observe(

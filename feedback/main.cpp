@@ -73,7 +73,7 @@ Cancellables reportStates(const std::shared_ptr<FeedbackState>& state, MainQueue
                 if (std::exchange(*last, state->overlay()) != state->overlay())
                     conversation.report(lineFor(*last));
             },
-            Deliver::ChangesOnly);
+            Deliver::changesOnly);
     }
     return reports;
 }

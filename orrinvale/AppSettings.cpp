@@ -204,9 +204,9 @@ bool AppSettings::isDarkTheme() const
 void AppSettings::applyTheme() const
 {
     const auto theme = appTheme.get();
-    m_appearance.apply(theme == AppTheme::system ? AppearanceChoice::FollowSystem
-                       : theme == AppTheme::dark ? AppearanceChoice::Dark
-                                                 : AppearanceChoice::Light);
+    m_appearance.apply(theme == AppTheme::system ? AppearanceChoice::followSystem
+                       : theme == AppTheme::dark ? AppearanceChoice::dark
+                                                 : AppearanceChoice::light);
 }
 
 double AppSettings::cpuBusyThreshold() const

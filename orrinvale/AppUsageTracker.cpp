@@ -22,7 +22,7 @@ void AppUsageTracker::start()
     days.set(m_store.load());
     m_timer = m_queue.every(sampleInterval, [this] { sample(); });
     m_sessionSubscription = m_sessionEvents.observe([this](ScreenPresence presence) {
-        if (presence == ScreenPresence::Asleep)
+        if (presence == ScreenPresence::asleep)
             screensDidSleep();
         else
             screensDidWake();

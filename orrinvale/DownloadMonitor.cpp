@@ -92,7 +92,7 @@ void DownloadMonitor::start()
     scan();
     m_pollTimer = m_queue.every(pollInterval, [this] { scan(); });
     m_settingsCancellable = m_settings.downloadsFolderPath.observeOn(
-        m_queue, [this](const std::string&) { retarget(); }, Deliver::ChangesOnly);
+        m_queue, [this](const std::string&) { retarget(); }, Deliver::changesOnly);
 }
 
 void DownloadMonitor::stop()

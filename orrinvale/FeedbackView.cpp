@@ -35,7 +35,7 @@ FeedbackView::FeedbackView(std::shared_ptr<FeedbackState> state, MainQueue& queu
     stateChanged();
     for (auto* value : {&m_state->isLoading, &m_state->loadFailed})
         m_cancellables += value->observeOn(
-            queue, [this](bool) { stateChanged(); }, Deliver::ChangesOnly);
+            queue, [this](bool) { stateChanged(); }, Deliver::changesOnly);
 }
 
 void FeedbackView::setForm(QWidget* form)

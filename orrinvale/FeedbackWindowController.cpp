@@ -34,7 +34,7 @@ FeedbackWindowController::FeedbackWindowController(AppSettings& settings, const 
 {
     m_cancellables += platform.appearance.observeChanges([this] { tellLook(); });
     m_cancellables += settings.appTheme.observeOn(
-        platform.mainQueue, [this](AppTheme) { tellLook(); }, Deliver::ChangesOnly);
+        platform.mainQueue, [this](AppTheme) { tellLook(); }, Deliver::changesOnly);
 }
 
 FeedbackWindowController::~FeedbackWindowController() = default;

@@ -33,7 +33,7 @@ InstalledApp appOf(const RunningApplication& application)
 
 bool isListed(const RunningApplication& application)
 {
-    return application.bundleIdentifier && application.activationPolicy == ActivationPolicy::Regular;
+    return application.bundleIdentifier && application.activationPolicy == ActivationPolicy::regular;
 }
 
 Apps sortedByName(Apps apps, const std::string& locale)

@@ -44,7 +44,7 @@ void bind(ToggleRow& row, Published<bool>& setting, MainQueue& queue, Cancellabl
     row.setOn(setting.get());
     row.onToggle = [&setting](bool isOn) { setting.set(isOn); };
     cancellables += setting.observeOn(
-        queue, [&row](bool isOn) { row.setOn(isOn); }, Deliver::ChangesOnly);
+        queue, [&row](bool isOn) { row.setOn(isOn); }, Deliver::changesOnly);
 }
 
 } // namespace
@@ -167,7 +167,7 @@ void SettingsView::subscribe()
     bind(*m_networkDetection, m_settings.networkSignalEnabled, queue, m_cancellables);
     const auto follow = [&](auto& setting, auto show) {
         show(setting.get());
-        m_cancellables += setting.observeOn(queue, show, Deliver::ChangesOnly);
+        m_cancellables += setting.observeOn(queue, show, Deliver::changesOnly);
     };
     follow(m_settings.appTheme, [this](AppTheme theme) { m_themeTiles->choose(theme); });
     follow(m_settings.lowBatteryThreshold, [this](std::int64_t threshold) {

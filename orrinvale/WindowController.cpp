@@ -95,7 +95,7 @@ void WindowController::setContent(QWidget* content)
     applyTheme();
     m_appearanceSubscriptions += m_platform.appearance.observeChanges([this] { restyle(); });
     m_appearanceSubscriptions += m_settings.appTheme.observeOn(
-        m_platform.mainQueue, [this](AppTheme) { restyle(); }, Deliver::ChangesOnly);
+        m_platform.mainQueue, [this](AppTheme) { restyle(); }, Deliver::changesOnly);
 }
 
 void WindowController::restyle()

@@ -45,7 +45,7 @@ int main(int argc, char** argv)
     termination.listen(end);
 
     SingleInstance instance(instanceFolder());
-    if (instance.claim() == SingleInstance::Role::Second)
+    if (instance.claim() == SingleInstance::Role::second)
         return 0;
 
     LinuxPlatform desktop({isPaletteDark, isCompositing, applyApplicationPalette});

@@ -9,7 +9,7 @@
 namespace orrinvale
 {
 
-enum class AppearanceChoice { Light, Dark, FollowSystem };
+enum class AppearanceChoice { light, dark, followSystem };
 
 // The light or dark appearance of the whole application. Main thread.
 class Appearance

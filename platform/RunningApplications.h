@@ -12,13 +12,13 @@
 namespace orrinvale
 {
 
-enum class ActivationPolicy { Regular, Accessory };
+enum class ActivationPolicy { regular, accessory };
 
 struct RunningApplication {
     std::optional<std::string> bundleIdentifier; // UTF-8
     std::optional<std::string> localizedName;    // UTF-8
     std::optional<std::string> executablePath;   // UTF-8
-    ActivationPolicy activationPolicy = ActivationPolicy::Regular;
+    ActivationPolicy activationPolicy = ActivationPolicy::regular;
     std::optional<std::string> iconName{}; // in the icon theme, or a file's absolute path; UTF-8
 
     friend bool operator==(const RunningApplication&, const RunningApplication&) = default;

@@ -9,7 +9,7 @@
 namespace orrinvale
 {
 
-enum class ScreenPresence { Awake, Asleep };
+enum class ScreenPresence { awake, asleep };
 
 // Whether the user can see the session: asleep while the display is off, the session locked or switched away.
 class SessionEvents

@@ -21,8 +21,8 @@ public:
     void apply(AppearanceChoice choice) override { applied.push_back(choice); }
     bool isDark() const override
     {
-        const auto choice = applied.empty() ? AppearanceChoice::FollowSystem : applied.back();
-        return choice == AppearanceChoice::FollowSystem ? systemIsDark : choice == AppearanceChoice::Dark;
+        const auto choice = applied.empty() ? AppearanceChoice::followSystem : applied.back();
+        return choice == AppearanceChoice::followSystem ? systemIsDark : choice == AppearanceChoice::dark;
     }
     bool reducesMotion() const override { return motionIsReduced; }
     bool isComposited() const override { return composited; }
@@ -33,7 +33,7 @@ public:
     }
     Cancellable observeChanges(std::function<void()> onChange) override
     {
-        return m_changes.observe([onChange = std::move(onChange)](int) { onChange(); }, Deliver::ChangesOnly);
+        return m_changes.observe([onChange = std::move(onChange)](int) { onChange(); }, Deliver::changesOnly);
     }
 
 private:

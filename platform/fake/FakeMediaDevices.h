@@ -29,7 +29,7 @@ public:
     void announceChange() { m_changes.set(m_changes.get() + 1); }
     Cancellable observeChanges(std::function<void()> onChange) override
     {
-        return m_changes.observe([onChange = std::move(onChange)](int) { onChange(); }, Deliver::ChangesOnly);
+        return m_changes.observe([onChange = std::move(onChange)](int) { onChange(); }, Deliver::changesOnly);
     }
 
 private:

@@ -28,7 +28,7 @@ public:
     void refresh() override { ++refreshes; }
     Cancellable observeChanges(std::function<void()> onChange) override
     {
-        return m_changes.observe([onChange = std::move(onChange)](int) { onChange(); }, Deliver::ChangesOnly);
+        return m_changes.observe([onChange = std::move(onChange)](int) { onChange(); }, Deliver::changesOnly);
     }
 
 private:

@@ -15,11 +15,11 @@ public:
 
     Cancellable observe(std::function<void(ScreenPresence)> onChange) override
     {
-        return m_presence.observe(std::move(onChange), Deliver::ChangesOnly);
+        return m_presence.observe(std::move(onChange), Deliver::changesOnly);
     }
 
 private:
-    Published<ScreenPresence> m_presence{ScreenPresence::Awake};
+    Published<ScreenPresence> m_presence{ScreenPresence::awake};
 };
 
 } // namespace orrinvale

@@ -159,12 +159,12 @@ void ApplicationWalk::identify(std::int32_t pid, Process& process) const
     const auto path = executable ? std::optional(validUtf8(*executable)) : std::nullopt;
     const auto report = [&](std::string identifier, std::string name) {
         process.application =
-            RunningApplication{std::move(identifier), std::move(name), path, ActivationPolicy::Accessory};
+            RunningApplication{std::move(identifier), std::move(name), path, ActivationPolicy::accessory};
     };
     const auto reportEntry = [&](const DesktopEntry& entry) {
         report(bundleIdentifierOf(entry.applicationId), entry.name);
         if (entry.isRegular)
-            process.application->activationPolicy = ActivationPolicy::Regular;
+            process.application->activationPolicy = ActivationPolicy::regular;
         if (!entry.icon.empty())
             process.application->iconName = entry.icon;
     };

@@ -98,20 +98,20 @@ void LinuxAppearance::apply(AppearanceChoice choice)
 
 void LinuxAppearance::applyToWindows()
 {
-    const auto isFollowing = m_choice == AppearanceChoice::FollowSystem;
-    m_windows.apply(isFollowing ? m_systemIsDark : m_choice == AppearanceChoice::Dark);
+    const auto isFollowing = m_choice == AppearanceChoice::followSystem;
+    m_windows.apply(isFollowing ? m_systemIsDark : m_choice == AppearanceChoice::dark);
 }
 
 bool LinuxAppearance::isDark() const
 {
-    if (m_choice != AppearanceChoice::FollowSystem)
-        return m_choice == AppearanceChoice::Dark;
+    if (m_choice != AppearanceChoice::followSystem)
+        return m_choice == AppearanceChoice::dark;
     return m_systemIsDark ? *m_systemIsDark : m_windows.isPaletteDark();
 }
 
 Cancellable LinuxAppearance::observeChanges(std::function<void()> onChange)
 {
-    return m_changes.observe([onChange = std::move(onChange)](int) { onChange(); }, Deliver::ChangesOnly);
+    return m_changes.observe([onChange = std::move(onChange)](int) { onChange(); }, Deliver::changesOnly);
 }
 
 } // namespace orrinvale

@@ -44,7 +44,7 @@ private:
 
     QDBusConnection m_bus;
     Windows m_windows;
-    AppearanceChoice m_choice = AppearanceChoice::FollowSystem;
+    AppearanceChoice m_choice = AppearanceChoice::followSystem;
     std::optional<bool> m_systemIsDark; // nullopt: the portal tells nothing
     bool m_reducesMotion = false;
     Published<int> m_changes;

@@ -143,7 +143,7 @@ void LinuxCamera::finish(bool held)
 
 Cancellable LinuxCamera::observeChanges(std::function<void()> onChange)
 {
-    return m_changes.observe([onChange = std::move(onChange)](int) { onChange(); }, Deliver::ChangesOnly);
+    return m_changes.observe([onChange = std::move(onChange)](int) { onChange(); }, Deliver::changesOnly);
 }
 
 } // namespace orrinvale

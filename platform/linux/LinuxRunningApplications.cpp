@@ -59,7 +59,7 @@ void LinuxRunningApplications::finish(const std::shared_ptr<Look>& look)
 
 Cancellable LinuxRunningApplications::observeChanges(std::function<void()> onChange)
 {
-    return m_changes.observe([onChange = std::move(onChange)](int) { onChange(); }, Deliver::ChangesOnly);
+    return m_changes.observe([onChange = std::move(onChange)](int) { onChange(); }, Deliver::changesOnly);
 }
 
 } // namespace orrinvale

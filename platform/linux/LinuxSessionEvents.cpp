@@ -99,15 +99,15 @@ void LinuxSessionEvents::say(const QString& who, bool isAsleep)
         m_asleep.insert(who);
     else
         m_asleep.erase(who);
-    const auto presence = m_asleep.empty() ? ScreenPresence::Awake : ScreenPresence::Asleep;
+    const auto presence = m_asleep.empty() ? ScreenPresence::awake : ScreenPresence::asleep;
     if (presence != m_presence.get())
         m_presence.set(presence);
 }
 
 Cancellable LinuxSessionEvents::observe(std::function<void(ScreenPresence)> onChange)
 {
-    if (m_presence.get() == ScreenPresence::Awake)
-        return m_presence.observe(std::move(onChange), Deliver::ChangesOnly);
+    if (m_presence.get() == ScreenPresence::awake)
+        return m_presence.observe(std::move(onChange), Deliver::changesOnly);
     return m_presence.observeOn(m_queue, std::move(onChange));
 }
 

@@ -36,7 +36,7 @@ private:
     QDBusConnection m_systemBus;
     MainQueue& m_queue;
     std::set<QString> m_asleep; // who says so
-    Published<ScreenPresence> m_presence{ScreenPresence::Awake};
+    Published<ScreenPresence> m_presence{ScreenPresence::awake};
     QDBusServiceWatcher m_logindWatcher, m_saverWatcher;
     std::vector<std::unique_ptr<DBusSignal>> m_signals;
     std::unique_ptr<DBusSignal> m_sessionChanges;

@@ -65,11 +65,11 @@ SingleInstance::Role SingleInstance::claim()
     // The kernel drops the lock with the process, however that ends.
     m_lock = ::open((m_folder / lockName).c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR);
     if (m_lock < 0 || ::flock(m_lock, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK)
-        return Role::First;
+        return Role::first;
     const auto call = makeSocket(); // the connection itself is the message; it waits for nothing
     withAddress(m_folder, [call](const auto* address, auto size) { return ::connect(call, address, size); });
     ::close(call);
-    return Role::Second;
+    return Role::second;
 }
 
 void SingleInstance::listen(std::function<void()> comeForward)

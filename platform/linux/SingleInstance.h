@@ -21,7 +21,7 @@ class SingleInstance final : public QObject
     Q_OBJECT
 
 public:
-    enum class Role { First, Second };
+    enum class Role { first, second };
 
     explicit SingleInstance(std::filesystem::path folder);
     ~SingleInstance() override;

@@ -29,7 +29,7 @@ TEST_F(PublishedTest, PresentValueIsDeliveredOnSubscription)
 
 TEST_F(PublishedTest, ChangesOnlySkipsThePresentValue)
 {
-    const auto token = value.observe(record, Deliver::ChangesOnly);
+    const auto token = value.observe(record, Deliver::changesOnly);
     value.set(2);
     EXPECT_EQ(seen, (std::vector{2}));
 }
@@ -44,7 +44,7 @@ TEST_F(PublishedTest, EqualValuesAreAnnounced)
 TEST_F(PublishedTest, SynchronousObserverGetsTheNewValueWhileTheOwnerHoldsTheOld)
 {
     std::vector<int> held;
-    const auto token = value.observe([&](const int&) { held.push_back(value.get()); }, Deliver::ChangesOnly);
+    const auto token = value.observe([&](const int&) { held.push_back(value.get()); }, Deliver::changesOnly);
     value.set(2);
     EXPECT_EQ(held, (std::vector{1}));
     EXPECT_EQ(value.get(), 2);
@@ -53,7 +53,7 @@ TEST_F(PublishedTest, SynchronousObserverGetsTheNewValueWhileTheOwnerHoldsTheOld
 TEST_F(PublishedTest, AfterStoreRunsOnceTheValueIsHeldAndAfterTheObservers)
 {
     value.afterStore([&](const int&) { seen.push_back(100 + value.get()); });
-    const auto token = value.observe(record, Deliver::ChangesOnly);
+    const auto token = value.observe(record, Deliver::changesOnly);
     value.set(2);
     EXPECT_EQ(seen, (std::vector{2, 102}));
 }
@@ -72,7 +72,7 @@ TEST_F(PublishedTest, AfterTheHopTheOwnerHoldsTheStoredValue)
 {
     std::vector<int> held;
     const auto token = value.observeOn(
-        time, [&](const int&) { held.push_back(value.get()); }, Deliver::ChangesOnly);
+        time, [&](const int&) { held.push_back(value.get()); }, Deliver::changesOnly);
     value.set(2);
     time.runPending();
     EXPECT_EQ(held, (std::vector{2}));
@@ -88,8 +88,8 @@ TEST_F(PublishedTest, QueuedHopOfADroppedTokenNeverRuns)
 
 TEST_F(PublishedTest, ReplacingATokenEndsTheEarlierSubscription)
 {
-    auto token = value.observe(record, Deliver::ChangesOnly);
-    token = value.observe([this](const int& each) { seen.push_back(10 * each); }, Deliver::ChangesOnly);
+    auto token = value.observe(record, Deliver::changesOnly);
+    token = value.observe([this](const int& each) { seen.push_back(10 * each); }, Deliver::changesOnly);
     value.set(2);
     EXPECT_EQ(seen, (std::vector{20}));
 }
@@ -102,7 +102,7 @@ TEST_F(PublishedTest, HandlerMayDropItsOwnToken)
             seen.push_back(each);
             token.cancel();
         },
-        Deliver::ChangesOnly);
+        Deliver::changesOnly);
     value.set(2);
     value.set(3);
     EXPECT_EQ(seen, (std::vector{2}));
@@ -123,8 +123,8 @@ TEST_F(PublishedTest, QueuedHandlerMayDropItsOwnToken)
 TEST_F(PublishedTest, ObserverDroppedDuringARoundIsNotToldAnyMore)
 {
     Cancellable second;
-    const auto first = value.observe([&](const int&) { second.cancel(); }, Deliver::ChangesOnly);
-    second = value.observe(record, Deliver::ChangesOnly);
+    const auto first = value.observe([&](const int&) { second.cancel(); }, Deliver::changesOnly);
+    second = value.observe(record, Deliver::changesOnly);
     value.set(2);
     EXPECT_TRUE(seen.empty());
 }
@@ -133,7 +133,7 @@ TEST_F(PublishedTest, ObserverAddedDuringARoundIsNotToldOfThatRound)
 {
     Cancellables added;
     const auto first =
-        value.observe([&](const int&) { added += value.observe(record, Deliver::ChangesOnly); }, Deliver::ChangesOnly);
+        value.observe([&](const int&) { added += value.observe(record, Deliver::changesOnly); }, Deliver::changesOnly);
     value.set(2);
     EXPECT_TRUE(seen.empty());
     value.set(3);

@@ -150,7 +150,7 @@ void change(FakePlatform& fake, std::minstd_rand& random)
         below(2) ? fake.powerSources.setBattery(10 + below(91)) : fake.powerSources.setMains(below(101));
         break;
     default:
-        fake.sessionEvents.report(below(2) ? ScreenPresence::Asleep : ScreenPresence::Awake);
+        fake.sessionEvents.report(below(2) ? ScreenPresence::asleep : ScreenPresence::awake);
         break;
     }
 }
@@ -168,7 +168,7 @@ double tenDays(unsigned seed)
     Cancellable count;
     const auto taken = bench::microsecondsOf([&] {
         delegate.applicationDidFinishLaunching();
-        count = delegate.wakeEngine().state.observe([&](const WakeState&) { ++transitions; }, Deliver::ChangesOnly);
+        count = delegate.wakeEngine().state.observe([&](const WakeState&) { ++transitions; }, Deliver::changesOnly);
         for (const auto end = time.now() + 240h; time.now() < end;) {
             change(machine.fake, random);
             time.advance(std::chrono::milliseconds(1 + random() % 20'000));

@@ -342,16 +342,16 @@ TEST_F(SettingsViewTest, ATileSetsTheThemeAndAppliesItToTheApplication)
     click(3);
     EXPECT_EQ(settings().appTheme.get(), AppTheme::sakura);
     EXPECT_EQ(std::get<std::string>(stored("appTheme")), "Sakura");
-    EXPECT_EQ(fake.appearance.applied.back(), AppearanceChoice::Light);
+    EXPECT_EQ(fake.appearance.applied.back(), AppearanceChoice::light);
     click(1);
     EXPECT_EQ(std::get<std::string>(stored("appTheme")), "Dark");
-    EXPECT_EQ(fake.appearance.applied.back(), AppearanceChoice::Dark);
+    EXPECT_EQ(fake.appearance.applied.back(), AppearanceChoice::dark);
     click(2);
     EXPECT_EQ(std::get<std::string>(stored("appTheme")), "System");
-    EXPECT_EQ(fake.appearance.applied.back(), AppearanceChoice::FollowSystem);
+    EXPECT_EQ(fake.appearance.applied.back(), AppearanceChoice::followSystem);
     click(0);
     EXPECT_EQ(std::get<std::string>(stored("appTheme")), "Light");
-    EXPECT_EQ(fake.appearance.applied.back(), AppearanceChoice::Light);
+    EXPECT_EQ(fake.appearance.applied.back(), AppearanceChoice::light);
 }
 
 TEST_F(SettingsViewTest, TheTilesFollowATheme)

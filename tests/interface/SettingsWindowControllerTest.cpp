@@ -86,7 +86,7 @@ TEST_F(SettingsWindowControllerTest, TheSakuraTileDressesTheWindow)
     QTest::mouseClick(&tile, Qt::LeftButton, {}, middleOf(tile));
     settle();
     EXPECT_EQ(view().headerLabel().text(), QStringLiteral("🌸  Settings"));
-    EXPECT_EQ(fake.appearance.applied.back(), AppearanceChoice::Light);
+    EXPECT_EQ(fake.appearance.applied.back(), AppearanceChoice::light);
     EXPECT_TRUE(isNearly(corner(), WindowPalette::of(Look::sakura).window));
     EXPECT_TRUE(tile.isChosen());
     auto& dark = *view().themeTiles().tiles()[1];

@@ -67,7 +67,7 @@ TEST_F(AppDelegateTest, TheLaunchAsksForAuthorizationAppliesTheThemeAndShowsTheI
 {
     launch();
     EXPECT_EQ(fake.notifications.authorizationRequests, 1);
-    EXPECT_THAT(fake.appearance.applied, ElementsAre(AppearanceChoice::Light));
+    EXPECT_THAT(fake.appearance.applied, ElementsAre(AppearanceChoice::light));
     EXPECT_EQ(interface.items, 1);
     EXPECT_THAT(fake.notifications.calls, IsEmpty());
 }

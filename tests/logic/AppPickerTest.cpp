@@ -77,7 +77,7 @@ TEST_F(AppPickerTest, ListsWhatRunsAfterAFreshLook)
     appear();
     EXPECT_EQ(fake.applications.refreshes, 1);
     fake.applications.run("org.elsewhere", "Elsewhere"); // what the look finds
-    fake.applications.list.push_back({"org.agent", "Agent", {}, ActivationPolicy::Accessory});
+    fake.applications.list.push_back({"org.agent", "Agent", {}, ActivationPolicy::accessory});
     time.runPending();
     EXPECT_THAT(rows(), ElementsAre("Blender", "Elsewhere", "Safari", "Xcode"));
     EXPECT_EQ(picker->app(1).path, "");

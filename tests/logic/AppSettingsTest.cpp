@@ -184,7 +184,7 @@ TEST_F(AppSettingsTest, ASynchronousObserverHearsOfTheValueBeforeItIsStored)
     settings().lowBatteryThreshold.set(30);
     std::optional<DefaultsValue> seen;
     const auto token = settings().lowBatteryThreshold.observe(
-        [&](std::int64_t) { seen = fake.defaults.object("orrinvale.lowBatteryThreshold"); }, Deliver::ChangesOnly);
+        [&](std::int64_t) { seen = fake.defaults.object("orrinvale.lowBatteryThreshold"); }, Deliver::changesOnly);
     settings().lowBatteryThreshold.set(40);
     EXPECT_EQ(*seen, DefaultsValue(std::int64_t(30)));
 }
@@ -254,8 +254,8 @@ TEST_F(AppSettingsTest, ThemesMapToAppearances)
     auto& s = settings();
     for (const auto theme : allAppThemes)
         s.appTheme.set(theme);
-    EXPECT_THAT(fake.appearance.applied, ElementsAre(AppearanceChoice::Light, AppearanceChoice::Dark,
-                                                     AppearanceChoice::FollowSystem, AppearanceChoice::Light));
+    EXPECT_THAT(fake.appearance.applied, ElementsAre(AppearanceChoice::light, AppearanceChoice::dark,
+                                                     AppearanceChoice::followSystem, AppearanceChoice::light));
 }
 
 TEST_F(AppSettingsTest, DarkIsTheDarkThemeOrADarkSystem)

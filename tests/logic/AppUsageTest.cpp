@@ -85,10 +85,10 @@ TEST_F(AppUsageTest, NoTimeIsCreditedWhileTheUserCannotSeeTheSession)
 {
     tracker->start();
     tracker->updateActiveApps({signal("a", "A")});
-    fake.sessionEvents.report(ScreenPresence::Asleep);
+    fake.sessionEvents.report(ScreenPresence::asleep);
     time.advance(1h);
     EXPECT_TRUE(tracker->days.get().empty());
-    fake.sessionEvents.report(ScreenPresence::Awake);
+    fake.sessionEvents.report(ScreenPresence::awake);
     time.advance(15s);
     EXPECT_EQ(today().appSeconds.at("a"), 15);
 }
@@ -106,7 +106,7 @@ TEST_F(AppUsageTest, StopEndsTimerAndRegistrations)
 {
     tracker->start();
     tracker->stop();
-    fake.sessionEvents.report(ScreenPresence::Asleep);
+    fake.sessionEvents.report(ScreenPresence::asleep);
     EXPECT_FALSE(tracker->isScreenAsleep());
     EXPECT_EQ(time.timerCount(), 0u);
 }
@@ -170,7 +170,7 @@ TEST_F(AppUsageTest, DaysArePublished)
 {
     int announced = 0;
     tracker->start();
-    const auto token = tracker->days.observe([&](const auto&) { ++announced; }, Deliver::ChangesOnly);
+    const auto token = tracker->days.observe([&](const auto&) { ++announced; }, Deliver::changesOnly);
     tracker->updateActiveApps({signal("a", "A")});
     time.advance(30s);
     EXPECT_EQ(announced, 2);

@@ -98,8 +98,8 @@ TEST_F(BatteryMonitorTest, ReadsAtStartAndEveryFifteenSeconds)
 TEST_F(BatteryMonitorTest, AnnouncesBothValuesOnEveryRefreshPluggedInFirst)
 {
     std::string order;
-    const auto a = monitor->isPluggedIn.observe([&](bool) { order += 'p'; }, Deliver::ChangesOnly);
-    const auto b = monitor->batteryPercentage.observe([&](const auto&) { order += '%'; }, Deliver::ChangesOnly);
+    const auto a = monitor->isPluggedIn.observe([&](bool) { order += 'p'; }, Deliver::changesOnly);
+    const auto b = monitor->batteryPercentage.observe([&](const auto&) { order += '%'; }, Deliver::changesOnly);
     monitor->refresh();
     monitor->refresh();
     EXPECT_EQ(order, "p%p%");

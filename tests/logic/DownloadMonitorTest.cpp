@@ -119,7 +119,7 @@ TEST_F(DownloadMonitorTest, EveryScanRepublishesFreshIdentifiers)
 TEST_F(DownloadMonitorTest, AnEmptyFolderPublishesAnEmptyListOnEveryScan)
 {
     int announced = 0;
-    const auto token = monitor->signals.observe([&](const auto&) { ++announced; }, Deliver::ChangesOnly);
+    const auto token = monitor->signals.observe([&](const auto&) { ++announced; }, Deliver::changesOnly);
     start();
     time.advance(10s);
     EXPECT_EQ(announced, 3);
@@ -187,7 +187,7 @@ TEST_F(DownloadMonitorTest, AResultForAnEarlierPathIsDropped)
     fake.folders.folders["/elsewhere"] = {};
     std::vector<std::size_t> sizes;
     const auto token =
-        monitor->signals.observe([&](const auto& list) { sizes.push_back(list.size()); }, Deliver::ChangesOnly);
+        monitor->signals.observe([&](const auto& list) { sizes.push_back(list.size()); }, Deliver::changesOnly);
     fake.folders.notify(folder);
     settings().downloadsFolderPath.set("/elsewhere");
     time.runPending();

@@ -48,7 +48,7 @@ TEST(InstalledApps, AccessoriesAndTheNamelessAreLeftOut)
 {
     EXPECT_THAT(
         names({{"", "No identifier", "/a", ""}},
-              {{std::nullopt, "None", {}}, {"", "Empty", {}}, {"org.agent", "Agent", {}, ActivationPolicy::Accessory}}),
+              {{std::nullopt, "None", {}}, {"", "Empty", {}}, {"org.agent", "Agent", {}, ActivationPolicy::accessory}}),
         IsEmpty());
 }
 

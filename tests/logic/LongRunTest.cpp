@@ -28,7 +28,7 @@ public:
         fake.cpu.addCoreLoad(0, 0);
         m_engine.emplace(platform(), settings(), calendar);
         m_observer = m_engine->state.observe([this](const WakeState& next) { m_statesSeen.push_back(next); },
-                                             Deliver::ChangesOnly);
+                                             Deliver::changesOnly);
         m_engine->start();
     }
 
@@ -102,7 +102,7 @@ private:
             settings().networkSignalEnabled.set(below(2) == 0);
             break;
         default:
-            fake.sessionEvents.report(below(2) ? ScreenPresence::Asleep : ScreenPresence::Awake);
+            fake.sessionEvents.report(below(2) ? ScreenPresence::asleep : ScreenPresence::awake);
             break;
         }
     }

@@ -194,7 +194,7 @@ TEST_F(ProcessDetectorTest, TheFirstRunningApplicationOfAnIdentifierGivesTheName
 TEST_F(ProcessDetectorTest, TheEmptyListIsRepublishedOnEveryEvaluation)
 {
     int announced = 0;
-    const auto token = detector->signals.observe([&](const auto&) { ++announced; }, Deliver::ChangesOnly);
+    const auto token = detector->signals.observe([&](const auto&) { ++announced; }, Deliver::changesOnly);
     start();
     time.advance(20s);
     EXPECT_EQ(announced, 3);

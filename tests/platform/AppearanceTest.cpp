@@ -124,20 +124,20 @@ TEST_F(AppearanceTest, AChosenAppearanceOverrulesTheDesktop)
     Portal portal;
     portal.set(dark);
     appearance().prime(2s);
-    appearance().apply(AppearanceChoice::Light);
+    appearance().apply(AppearanceChoice::light);
     EXPECT_FALSE(appearance().isDark());
-    appearance().apply(AppearanceChoice::Dark);
+    appearance().apply(AppearanceChoice::dark);
     EXPECT_TRUE(appearance().isDark());
 }
 
 TEST_F(AppearanceTest, WindowsFollowTheDesktopWhileItIsToBeFollowed)
 {
-    appearance().apply(AppearanceChoice::FollowSystem);
+    appearance().apply(AppearanceChoice::followSystem);
     EXPECT_THAT(applied, ElementsAre(std::nullopt));
     Portal portal;
     portal.set(dark);
     EXPECT_TRUE(waitFor([&] { return applied.back() == std::optional(true); }));
-    appearance().apply(AppearanceChoice::Light);
+    appearance().apply(AppearanceChoice::light);
     portal.set(light);
     EXPECT_TRUE(waitFor([&] { return applied.back() == std::optional(false); }));
 }

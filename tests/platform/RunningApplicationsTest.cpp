@@ -90,7 +90,7 @@ TEST_F(WalkTest, AProgramOfADesktopEntryIsItsApplication)
     EXPECT_EQ(identifiers(), (Identifiers{"org.example.Editor"}));
     EXPECT_EQ(last[0].localizedName, "Editor");
     EXPECT_EQ(last[0].executablePath, program("editor"));
-    EXPECT_EQ(last[0].activationPolicy, ActivationPolicy::Regular);
+    EXPECT_EQ(last[0].activationPolicy, ActivationPolicy::regular);
 }
 
 TEST_F(WalkTest, AnEntryThatComesLaterIsFoundAlsoBelowAndForWhatHasLongBeenRunning)
@@ -134,8 +134,8 @@ TEST_F(WalkTest, NoDisplayAndTerminalEntriesAreNotRegular)
     process(10, program("a"), {}, 1);
     process(11, program("b"), {}, 2);
     EXPECT_EQ(identifiers(), (Identifiers{"a", "b"}));
-    EXPECT_EQ(last[0].activationPolicy, ActivationPolicy::Accessory);
-    EXPECT_EQ(last[1].activationPolicy, ActivationPolicy::Accessory);
+    EXPECT_EQ(last[0].activationPolicy, ActivationPolicy::accessory);
+    EXPECT_EQ(last[1].activationPolicy, ActivationPolicy::accessory);
 }
 
 TEST_F(WalkTest, MalformedAndHiddenEntriesAreLeftOut)

@@ -55,31 +55,31 @@ struct SessionEventsTest : testing::Test {
 TEST_F(SessionEventsTest, SaversAreMergedAndOnlyChangesAreReported)
 {
     say(first, gnome, true);
-    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep}));
+    EXPECT_TRUE(reportsBecome({ScreenPresence::asleep}));
     say(second, freedesktop, true);
     say(first, gnome, false);
     runEventsFor(100ms);
-    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep}));
+    EXPECT_TRUE(reportsBecome({ScreenPresence::asleep}));
     say(second, freedesktop, false);
-    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep, ScreenPresence::Awake}));
+    EXPECT_TRUE(reportsBecome({ScreenPresence::asleep, ScreenPresence::awake}));
 }
 
 TEST_F(SessionEventsTest, ASaverThatGoesTakesItsWordWithIt)
 {
     say(first, gnome, true);
-    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep}));
+    EXPECT_TRUE(reportsBecome({ScreenPresence::asleep}));
     first.unregisterService(QString::fromLatin1(gnome));
-    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep, ScreenPresence::Awake}));
+    EXPECT_TRUE(reportsBecome({ScreenPresence::asleep, ScreenPresence::awake}));
 }
 
 TEST_F(SessionEventsTest, ASessionAlreadyAsleepIsReportedInATurnOfItsOwn)
 {
     say(first, gnome, true);
-    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep}));
+    EXPECT_TRUE(reportsBecome({ScreenPresence::asleep}));
     std::vector<ScreenPresence> late;
     const auto other = events.observe([&](ScreenPresence presence) { late.push_back(presence); });
     EXPECT_TRUE(late.empty());
-    EXPECT_TRUE(waitFor([&] { return late == std::vector{ScreenPresence::Asleep}; }));
+    EXPECT_TRUE(waitFor([&] { return late == std::vector{ScreenPresence::asleep}; }));
 }
 
 // A login manager with one session on the system bus, as long as it lives.
@@ -125,19 +125,19 @@ TEST_F(SessionEventsTest, ALockedAndAnInactiveSessionAreAsleepTogether)
     LoginManager login(usedSession);
     ASSERT_TRUE(waitFor([&] { return login.readings == 1; }));
     login.change("LockedHint", true);
-    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep}));
+    EXPECT_TRUE(reportsBecome({ScreenPresence::asleep}));
     login.change("Active", false);
     login.change("LockedHint", false);
     runEventsFor(100ms);
-    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep}));
+    EXPECT_TRUE(reportsBecome({ScreenPresence::asleep}));
     login.change("Active", true);
-    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep, ScreenPresence::Awake}));
+    EXPECT_TRUE(reportsBecome({ScreenPresence::asleep, ScreenPresence::awake}));
 }
 
 TEST_F(SessionEventsTest, ASessionThatIsLockedAtTheFirstReadingIsAsleep)
 {
     LoginManager login({{QStringLiteral("Active"), true}, {QStringLiteral("LockedHint"), true}});
-    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep}));
+    EXPECT_TRUE(reportsBecome({ScreenPresence::asleep}));
 }
 
 TEST_F(SessionEventsTest, ALoginManagerThatGoesTakesItsWordWithItAndTheNextIsRead)
@@ -145,11 +145,11 @@ TEST_F(SessionEventsTest, ALoginManagerThatGoesTakesItsWordWithItAndTheNextIsRea
     auto login = std::make_unique<LoginManager>(usedSession);
     ASSERT_TRUE(waitFor([&] { return login->readings == 1; }));
     login->change("LockedHint", true);
-    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep}));
+    EXPECT_TRUE(reportsBecome({ScreenPresence::asleep}));
     login.reset();
-    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep, ScreenPresence::Awake}));
+    EXPECT_TRUE(reportsBecome({ScreenPresence::asleep, ScreenPresence::awake}));
     login = std::make_unique<LoginManager>(QVariantMap{{QStringLiteral("Active"), false}});
-    EXPECT_TRUE(reportsBecome({ScreenPresence::Asleep, ScreenPresence::Awake, ScreenPresence::Asleep}));
+    EXPECT_TRUE(reportsBecome({ScreenPresence::asleep, ScreenPresence::awake, ScreenPresence::asleep}));
 }
 
 } // namespace

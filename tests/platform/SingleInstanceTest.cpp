@@ -32,12 +32,12 @@ struct SingleInstanceTest : testing::Test {
 TEST_F(SingleInstanceTest, TheSecondOneIsToldSoAndCallsTheFirstForward)
 {
     SingleInstance first(folder);
-    EXPECT_EQ(first.claim(), Role::First);
+    EXPECT_EQ(first.claim(), Role::first);
     auto calls = 0;
     first.listen([&] { ++calls; });
     for (int start = 1; start <= 2; ++start) {
         SingleInstance second(folder);
-        EXPECT_EQ(second.claim(), Role::Second);
+        EXPECT_EQ(second.claim(), Role::second);
         EXPECT_TRUE(waitFor([&] { return calls == start; }));
     }
 }
@@ -46,10 +46,10 @@ TEST_F(SingleInstanceTest, TheNextOneIsFirstOnceTheFirstHasGone)
 {
     {
         SingleInstance gone(folder);
-        EXPECT_EQ(gone.claim(), Role::First);
+        EXPECT_EQ(gone.claim(), Role::first);
     }
     SingleInstance next(folder);
-    EXPECT_EQ(next.claim(), Role::First);
+    EXPECT_EQ(next.claim(), Role::first);
 }
 
 TEST_F(SingleInstanceTest, WhatAKilledOneLeftIsNoHindrance)
@@ -57,17 +57,17 @@ TEST_F(SingleInstanceTest, WhatAKilledOneLeftIsNoHindrance)
     const auto killed = ::fork();
     if (killed == 0) {
         SingleInstance instance(folder);
-        ::_exit(instance.claim() == Role::First ? 0 : 1);
+        ::_exit(instance.claim() == Role::first ? 0 : 1);
     }
     int status = 0;
     ::waitpid(killed, &status, 0);
     ASSERT_EQ(status, 0);
     std::ofstream(path("orrinvale.socket")) << "left";
     SingleInstance next(folder);
-    EXPECT_EQ(next.claim(), Role::First);
+    EXPECT_EQ(next.claim(), Role::first);
     auto calls = 0;
     next.listen([&] { ++calls; });
-    EXPECT_EQ(SingleInstance(folder).claim(), Role::Second);
+    EXPECT_EQ(SingleInstance(folder).claim(), Role::second);
     EXPECT_TRUE(waitFor([&] { return calls == 1; }));
 }
 
@@ -76,7 +76,7 @@ TEST_F(SingleInstanceTest, AFirstThatDoesNotListenYetHoldsTheSecondUpByNothing)
     SingleInstance first(folder);
     first.claim();
     const auto begin = std::chrono::steady_clock::now();
-    EXPECT_EQ(SingleInstance(folder).claim(), Role::Second);
+    EXPECT_EQ(SingleInstance(folder).claim(), Role::second);
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(500));
 }
 
@@ -85,10 +85,10 @@ TEST_F(SingleInstanceTest, AFolderWithALongPathServesToo)
     const auto deep = folder / std::string(120, 'd');
     std::filesystem::create_directory(deep);
     SingleInstance first(deep);
-    EXPECT_EQ(first.claim(), Role::First);
+    EXPECT_EQ(first.claim(), Role::first);
     auto calls = 0;
     first.listen([&] { ++calls; });
-    EXPECT_EQ(SingleInstance(deep).claim(), Role::Second);
+    EXPECT_EQ(SingleInstance(deep).claim(), Role::second);
     EXPECT_TRUE(waitFor([&] { return calls == 1; }));
 }
 
@@ -96,7 +96,7 @@ TEST_F(SingleInstanceTest, AFolderThatIsMissingMakesItTheFirstAndSaysSo)
 {
     testing::internal::CaptureStdout();
     SingleInstance instance(folder / "missing");
-    EXPECT_EQ(instance.claim(), Role::First);
+    EXPECT_EQ(instance.claim(), Role::first);
     instance.listen([] {});
     EXPECT_EQ(testing::internal::GetCapturedStdout(),
               "⚠️ SingleInstance: a second start cannot bring this one forward: No such file or directory\n");
