@@ -12,6 +12,8 @@
 namespace orrinvale
 {
 
+class ProcessEnvironment;
+
 // One look at the user's processes after another: which application each belongs to, remembered for as long as the
 // process lives. A process is judged again when its name changed, and while it is young: a launcher has not yet become
 // the program it launches. Used on one background thread.
@@ -35,17 +37,17 @@ private:
 
     void visit(std::int32_t pid, std::chrono::steady_clock::time_point now, std::map<Key, Process>& seen);
     void identify(std::int32_t pid, Process& process) const;
-    std::optional<std::string> desktopIdOf(std::int32_t pid, const std::string& unit,
-                                           const std::string& executable) const;
+    std::optional<RunningApplication> applicationOfProgram(std::int32_t pid, const std::string& program) const;
+    std::optional<RunningApplication> applicationOfSurroundings(std::int32_t pid, const std::string& unit,
+                                                                const std::string& program) const;
+    std::optional<std::string> idOfSurroundings(std::int32_t pid, const std::string& unit,
+                                                const std::string& program) const;
+    std::optional<std::string> idOfImage(const ProcessEnvironment& environment, const std::string& program) const;
     const DesktopEntry* entryOfProgram(std::int32_t pid, const std::string& executable) const;
 
     std::string m_procFolder;
     DesktopEntryIndex m_index;
     std::map<Key, Process> m_processes;
 };
-
-// The desktop-entry id in the name of a systemd unit, as desktops, Flatpak and snap make them; nullopt where it says
-// nothing of an application.
-std::optional<std::string> desktopIdOfUnit(std::string unit);
 
 } // namespace orrinvale

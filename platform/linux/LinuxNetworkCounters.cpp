@@ -52,7 +52,7 @@ void addLink(const nlmsghdr& message, NetworkCounters::Bytes& total)
     }
 }
 
-enum class Reading { More, Done, Failed };
+enum class Reading { more, done, failed };
 
 Reading addMessages(const char* data, std::size_t length, std::uint32_t sequence, NetworkCounters::Bytes& total)
 {
@@ -61,13 +61,13 @@ Reading addMessages(const char* data, std::size_t length, std::uint32_t sequence
         if (message->nlmsg_seq != sequence)
             continue; // left over from a reading that was given up
         if (message->nlmsg_type == NLMSG_DONE)
-            return Reading::Done;
+            return Reading::done;
         if (message->nlmsg_type == NLMSG_ERROR)
-            return Reading::Failed;
+            return Reading::failed;
         if (message->nlmsg_type == RTM_NEWLINK)
             addLink(*message, total);
     }
-    return Reading::More;
+    return Reading::more;
 }
 
 } // namespace
@@ -94,8 +94,8 @@ std::optional<NetworkCounters::Bytes> LinuxNetworkCounters::totals()
         if (length <= 0)
             return std::nullopt;
         const auto reading = addMessages(buffer.data(), static_cast<std::size_t>(length), m_sequence, total);
-        if (reading != Reading::More)
-            return reading == Reading::Done ? std::optional(total) : std::nullopt;
+        if (reading != Reading::more)
+            return reading == Reading::done ? std::optional(total) : std::nullopt;
     }
 }
 

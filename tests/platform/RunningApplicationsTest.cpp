@@ -5,6 +5,7 @@
 #include "base/ThreadSerialQueue.h"
 #include "platform/linux/ApplicationIdentity.h"
 #include "platform/linux/ApplicationWalk.h"
+#include "platform/linux/SystemdUnit.h"
 #include "platform/qt/QtMainQueue.h"
 #include "tests/platform/WaitFor.h"
 
