@@ -30,6 +30,12 @@ std::uint64_t numberOf(std::string_view text)
     return value;
 }
 
+// Of a process whose first thread has ended while others go on, the state is that of the first.
+bool hasEnded(std::string_view state, std::uint64_t threads)
+{
+    return (state == "Z" || state == "X") && threads <= 1;
+}
+
 std::vector<std::string_view> fields(std::string_view text)
 {
     std::vector<std::string_view> all;
@@ -79,8 +85,9 @@ std::optional<ProcessStat> processStat(const std::string& procFolder, std::int32
     if (open == text.npos || close == text.npos || close < open)
         return std::nullopt;
     const auto rest = fields(std::string_view(text).substr(std::min(close + 2, text.size())));
-    constexpr std::size_t flags = 6, userTime = 11, systemTime = 12, start = 19; // counted from the state, field 3
-    if (rest.size() <= start)
+    // Counted from the state, field 3.
+    constexpr std::size_t state = 0, flags = 6, userTime = 11, systemTime = 12, threads = 17, start = 19;
+    if (rest.size() <= start || hasEnded(rest[state], numberOf(rest[threads])))
         return std::nullopt;
     return ProcessStat{text.substr(open + 1, close - open - 1), numberOf(rest[userTime]) + numberOf(rest[systemTime]),
                        numberOf(rest[start]), (numberOf(rest[flags]) & kernelThreadFlag) != 0};

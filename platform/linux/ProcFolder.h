@@ -21,6 +21,7 @@ struct ProcessStat {
     std::uint64_t startTime; // since boot, in clock ticks: with the pid it names a process for good
     bool isKernelThread;
 };
+// One that has ended is none, though its parent has not yet asked for its status.
 std::optional<ProcessStat> processStat(const std::string& procFolder, std::int32_t pid);
 
 // The path of the program, without " (deleted)"; nullopt where it may not be read.

@@ -5,6 +5,7 @@
 #include "base/ThreadSerialQueue.h"
 #include "platform/linux/ApplicationIdentity.h"
 #include "platform/linux/ApplicationWalk.h"
+#include "platform/linux/ProcFolder.h"
 #include "platform/linux/SystemdUnit.h"
 #include "platform/qt/QtMainQueue.h"
 #include "tests/platform/WaitFor.h"
@@ -15,7 +16,9 @@
 #include <cstdlib>
 #include <ctime>
 #include <fstream>
+#include <thread>
 
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -53,13 +56,14 @@ struct WalkTest : testing::Test {
     {
         std::ofstream(folder / "applications" / (id + ".desktop")) << "[Desktop Entry]\nType=Application\n" << text;
     }
-    void process(int pid, const std::string& executable, const std::string& unit = {}, int start = 100)
+    void process(int pid, const std::string& executable, const std::string& unit = {}, int start = 100,
+                 const std::string& state = "S")
     {
         const auto place = folder / "proc" / std::to_string(pid);
         fs::remove_all(place);
         fs::create_directories(place);
-        std::ofstream(place / "stat") << pid << " (" << fs::path(executable).filename().string().substr(0, 15)
-                                      << ") S 1 1 1 0 -1 0 0 0 0 0 5 0 0 0 20 0 1 0 " << start << " 0 0\n";
+        std::ofstream(place / "stat") << pid << " (" << fs::path(executable).filename().string().substr(0, 15) << ") "
+                                      << state << " 1 1 1 0 -1 0 0 0 0 0 5 0 0 0 20 0 1 0 " << start << " 0 0\n";
         std::ofstream(place / "cgroup") << "0::/user.slice/user-1000.slice/app.slice/" << unit << "\n";
         fs::create_symlink(executable, place / "exe");
     }
@@ -181,6 +185,44 @@ TEST_F(WalkTest, AProgramInATerminalIsKnownByItsExecutable)
     process(11, "/usr/bin/bash", "app-gnome-org.gnome.Terminal-10.scope", 2);
     process(12, "/usr/bin/ffmpeg", "app-gnome-org.gnome.Terminal-10.scope", 3);
     EXPECT_EQ(identifiers(), (Identifiers{"com.apple.Terminal", "org.ffmpeg.FFmpegKit"}));
+}
+
+TEST_F(WalkTest, AProcessThatHasEndedIsNoneThoughNobodyAskedForItsStatus)
+{
+    process(10, "/usr/bin/HandBrakeCLI", {}, 1, "Z");
+    process(11, "/usr/bin/ffmpeg", {}, 1, "X");
+    EXPECT_EQ(identifiers(), Identifiers{});
+    process(10, "/usr/bin/HandBrakeCLI", {}, 1);
+    EXPECT_EQ(identifiers(), (Identifiers{"com.handbrake.HandBrake"}));
+    process(10, "/usr/bin/HandBrakeCLI", {}, 1, "Z");
+    EXPECT_EQ(identifiers(), Identifiers{});
+}
+
+TEST(ProcFolder, ARealProcessThatHasEndedIsNone)
+{
+    const auto child = ::fork();
+    if (child == 0)
+        ::pause();
+    EXPECT_TRUE(processStat("/proc", child));
+    ::kill(child, SIGKILL);
+    EXPECT_TRUE(waitFor([&] { return !processStat("/proc", child); }));
+    EXPECT_TRUE(fs::exists("/proc/" + std::to_string(child)));
+    ::waitpid(child, nullptr, 0);
+}
+
+TEST(ProcFolder, AProcessWhoseFirstThreadHasEndedGoesOn)
+{
+    const auto child = ::fork();
+    if (child == 0) {
+        std::thread([] { ::pause(); }).detach();
+        ::syscall(SYS_exit, 0); // of this thread alone
+    }
+    const auto state = [&] { return processFile("/proc", child, "status"); };
+    EXPECT_TRUE(waitFor([&] { return state().find("Z (zombie)") != std::string::npos; }));
+    EXPECT_TRUE(processStat("/proc", child));
+    ::kill(child, SIGKILL);
+    EXPECT_TRUE(waitFor([&] { return !processStat("/proc", child); }));
+    ::waitpid(child, nullptr, 0);
 }
 
 TEST_F(WalkTest, AnInterpreterIsJudgedByItsScript)
