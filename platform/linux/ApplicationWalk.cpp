@@ -62,14 +62,24 @@ ApplicationWalk::ApplicationWalk(std::string procFolder, std::vector<std::filesy
 std::vector<RunningApplication> ApplicationWalk::walk(std::chrono::steady_clock::time_point now)
 {
     if (m_index.update())
-        m_processes.clear(); // each is judged anew
-    std::map<Key, Process> seen;
-    for (const auto pid : processIds(m_procFolder))
-        visit(pid, now, seen);
-    m_processes = std::move(seen);
+        m_judgement = now;
+    if (const auto pids = processIds(m_procFolder)) {
+        std::map<Key, Process> seen;
+        for (const auto pid : *pids)
+            visit(pid, now, seen);
+        m_processes = std::move(seen);
+        followUnits(now);
+    }
+    return applications();
+}
+
+std::vector<RunningApplication> ApplicationWalk::applications() const
+{
     std::vector<RunningApplication> applications;
     std::set<std::string> units, identifiers;
     for (const auto& [key, process] : m_processes) {
+        if (process.isKnownByUnit && m_units.at(process.unit).isLeftBehind)
+            continue;
         // What an application's own processes start folds into the oldest of the unit, unless its program says
         // otherwise.
         const auto isHelper = process.isKnownByUnit && !units.insert(process.unit).second;
@@ -77,6 +87,26 @@ std::vector<RunningApplication> ApplicationWalk::walk(std::chrono::steady_clock:
             applications.push_back(*process.application);
     }
     return applications;
+}
+
+void ApplicationWalk::followUnits(std::chrono::steady_clock::time_point now)
+{
+    std::map<std::string, Unit> units;
+    for (const auto& [key, process] : m_processes) {
+        if (process.unit.empty())
+            continue;
+        auto known = m_units.extract(process.unit);
+        if (known)
+            units.insert(std::move(known));
+        auto& unit = units.try_emplace(process.unit, Unit{key, now, false}).first->second;
+        if (m_processes.contains(unit.leader))
+            continue;
+        if (now - unit.firstSeen < youth)
+            unit.leader = key;
+        else
+            unit.isLeftBehind = true;
+    }
+    m_units = std::move(units);
 }
 
 void ApplicationWalk::visit(std::int32_t pid, std::chrono::steady_clock::time_point now, std::map<Key, Process>& seen)
@@ -90,9 +120,10 @@ void ApplicationWalk::visit(std::int32_t pid, std::chrono::steady_clock::time_po
         return;
     const Key key{stat->startTime, pid};
     auto known = m_processes.extract(key);
-    Process process = known ? std::move(known.mapped()) : Process{{}, now, {}, {}, false};
-    if (!known || process.comm != stat->comm || now - process.firstSeen < youth) {
+    Process process = known ? std::move(known.mapped()) : Process{.firstSeen = now};
+    if (!known || process.comm != stat->comm || now - process.firstSeen < youth || process.judged < m_judgement) {
         process.comm = std::move(stat->comm);
+        process.judged = now;
         identify(pid, process);
     }
     seen.emplace(key, std::move(process));
@@ -102,10 +133,12 @@ void ApplicationWalk::visit(std::int32_t pid, std::chrono::steady_clock::time_po
 void ApplicationWalk::identify(std::int32_t pid, Process& process) const
 {
     process.unit = innermostUnit(processFile(m_procFolder, pid, "cgroup"));
+    if (!desktopIdOfUnit(process.unit))
+        process.unit.clear();
     const auto executable = executableOf(m_procFolder, pid);
     const auto& program = executable ? *executable : process.comm;
     process.application = applicationOfProgram(pid, program);
-    process.isKnownByUnit = !process.application && desktopIdOfUnit(process.unit);
+    process.isKnownByUnit = !process.application && !process.unit.empty();
     if (!process.application)
         process.application = applicationOfSurroundings(pid, process.unit, program);
     if (process.application && executable)

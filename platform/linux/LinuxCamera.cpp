@@ -5,6 +5,7 @@
 #include "platform/linux/ProcFolder.h"
 
 #include <array>
+#include <cerrno>
 #include <filesystem>
 #include <future>
 #include <utility>
@@ -44,9 +45,13 @@ bool holdsDevice(const std::string& procFolder, std::int32_t pid, const std::str
     return false;
 }
 
-bool isAnyDeviceHeld(const std::string& procFolder, const std::string& prefix)
+// nullopt when the processes cannot be told.
+std::optional<bool> isAnyDeviceHeld(const std::string& procFolder, const std::string& prefix)
 {
-    for (const auto pid : processIds(procFolder)) {
+    const auto pids = processIds(procFolder);
+    if (!pids)
+        return std::nullopt;
+    for (const auto pid : *pids) {
         if (pid != ::getpid() && holdsDevice(procFolder, pid, prefix)) {
             const auto stat = processStat(procFolder, pid);
             if (stat && mayHold(stat->comm))
@@ -60,8 +65,8 @@ bool isAnyDeviceHeld(const std::string& procFolder, const std::string& prefix)
 
 struct LinuxCamera::Look {
     LinuxCamera& owner;
-    std::promise<bool> promise{};
-    std::future<bool> result = promise.get_future();
+    std::promise<std::optional<bool>> promise{};
+    std::future<std::optional<bool>> result = promise.get_future();
 };
 
 LinuxCamera::LinuxCamera(MainQueue& queue, SerialQueue& background, std::string deviceFolder, std::string procFolder)
@@ -76,42 +81,53 @@ LinuxCamera::~LinuxCamera()
         ::close(m_inotify);
 }
 
-void LinuxCamera::watchDevices()
+// Whether the kernel will tell of all that happens to a path; what is gone needs no watch.
+bool LinuxCamera::watch(const std::string& path, std::uint32_t events)
 {
+    return ::inotify_add_watch(m_inotify, path.c_str(), events) >= 0 || errno == ENOENT;
+}
+
+bool LinuxCamera::watchDevices()
+{
+    auto isWatching = watch(m_deviceFolder, IN_CREATE | IN_DELETE);
     std::error_code error;
     for (fs::directory_iterator each(m_deviceFolder, error), end; !error && each != end; each.increment(error)) {
         if (each->path().filename().string().starts_with(nodePrefix))
-            ::inotify_add_watch(m_inotify, each->path().c_str(), IN_OPEN | IN_CLOSE);
+            isWatching = watch(each->path().string(), IN_OPEN | IN_CLOSE) && isWatching;
     }
+    return isWatching;
 }
 
 // Reads what waits, and never waits itself.
+bool LinuxCamera::takeEvents()
+{
+    std::array<char, 4096> events;
+    bool any = false;
+    while (::read(m_inotify, events.data(), events.size()) > 0)
+        any = true;
+    return any;
+}
+
 bool LinuxCamera::hasChanged()
 {
-    if (m_inotify < 0) {
+    if (m_inotify < 0)
         m_inotify = ::inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
-        if (m_inotify >= 0) {
-            ::inotify_add_watch(m_inotify, m_deviceFolder.c_str(), IN_CREATE | IN_DELETE);
-            watchDevices();
-        }
-        return true; // whatever happened before the watch, and all that does without one, is unknown
-    }
-    std::array<char, 4096> events;
-    bool changed = false;
-    while (::read(m_inotify, events.data(), events.size()) > 0)
-        changed = true;
+    if (m_inotify < 0)
+        return true;
+    const auto wasWatching = m_isWatching;
+    const auto changed = takeEvents() || !wasWatching; // whatever happened before the watch is unknown
     if (changed)
-        watchDevices(); // a camera may have been plugged in
-    return changed;
+        m_isWatching = watchDevices(); // a camera may have been plugged in
+    return changed || !m_isWatching;
 }
 
 bool LinuxCamera::isInUse()
 {
     const auto isFirstQuestion = !std::exchange(m_wasAsked, true);
-    m_isStale = hasChanged() || m_isStale;
+    m_isStale = hasChanged() || m_isStale || std::exchange(m_isUnknown, false);
     lookIfStale();
     if (isFirstQuestion && m_look->result.wait_for(firstAnswer) == std::future_status::ready)
-        m_isInUse = m_look->result.get();
+        m_isInUse = m_look->result.get().value_or(m_isInUse);
     return m_isInUse;
 }
 
@@ -133,9 +149,11 @@ void LinuxCamera::lookIfStale()
     });
 }
 
-void LinuxCamera::finish(bool held)
+void LinuxCamera::finish(std::optional<bool> found)
 {
     m_look.reset();
+    const auto held = found.value_or(m_isInUse);
+    m_isUnknown = !found;
     lookIfStale(); // somebody asked meanwhile
     if (std::exchange(m_isInUse, held) != held)
         m_changes.set(m_changes.get() + 1);

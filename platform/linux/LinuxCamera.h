@@ -6,7 +6,9 @@
 #include "base/Published.h"
 #include "base/SerialQueue.h"
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace orrinvale
@@ -31,9 +33,11 @@ private:
     struct Look;
 
     bool hasChanged();
-    void watchDevices();
+    bool takeEvents();
+    bool watchDevices();
+    bool watch(const std::string& path, std::uint32_t events);
     void lookIfStale();
-    void finish(bool held);
+    void finish(std::optional<bool> found);
 
     MainQueue& m_queue;
     SerialQueue& m_background;
@@ -43,6 +47,8 @@ private:
     bool m_wasAsked = false;
     bool m_isInUse = false;
     bool m_isStale = true;
+    bool m_isUnknown = false;     // the last look failed
+    bool m_isWatching = false;    // the kernel tells of every device
     std::shared_ptr<Look> m_look; // the one under way
     Published<int> m_changes;
 };

@@ -90,10 +90,13 @@ bool isMachinery(const std::string& comm)
 
 } // namespace
 
-ProcessReading readProcesses(const std::string& procFolder)
+std::optional<ProcessReading> readProcesses(const std::string& procFolder)
 {
+    const auto pids = processIds(procFolder);
+    if (!pids)
+        return std::nullopt;
     ProcessReading reading;
-    for (const auto pid : processIds(procFolder)) {
+    for (const auto pid : *pids) {
         if (auto stat = processStat(procFolder, pid); stat && !stat->isKernelThread)
             reading.emplace(std::pair(pid, stat->startTime), ProcessTicks{stat->ticks, std::move(stat->comm)});
     }
@@ -129,7 +132,7 @@ void LinuxProcessStatus::prepare()
     if (m_measuring)
         return;
     m_measuring = std::make_shared<LinuxProcessStatus*>(this);
-    const auto first = std::make_shared<ProcessReading>();
+    const auto first = std::make_shared<std::optional<ProcessReading>>();
     const auto begin = std::make_shared<std::chrono::steady_clock::time_point>();
     m_background.post([first, begin, proc = m_procFolder] {
         *begin = std::chrono::steady_clock::now();
@@ -139,13 +142,19 @@ void LinuxProcessStatus::prepare()
         interval, [first, begin, proc = m_procFolder, &queue = m_queue, weak = std::weak_ptr(m_measuring)] {
             const auto second = readProcesses(proc);
             const auto elapsed = std::chrono::steady_clock::now() - *begin;
-            queue.post([weak, table = processTable(proc, *first, second, elapsed)] {
-                if (const auto self = weak.lock()) {
-                    (*self)->m_table = table;
-                    (*self)->m_measuring.reset();
-                }
+            auto table = *first && second ? std::optional(processTable(proc, **first, *second, elapsed)) : std::nullopt;
+            queue.post([weak, table = std::move(table)] {
+                if (const auto self = weak.lock())
+                    (*self)->finish(table);
             });
         });
+}
+
+void LinuxProcessStatus::finish(const std::optional<std::string>& table)
+{
+    m_measuring.reset();
+    if (table)
+        m_table = table;
 }
 
 } // namespace orrinvale

@@ -24,6 +24,8 @@ public:
     std::optional<std::string> table() override { return m_table; }
 
 private:
+    void finish(const std::optional<std::string>& table);
+
     MainQueue& m_queue;
     SerialQueue& m_background;
     std::string m_procFolder;
@@ -36,10 +38,12 @@ private:
 struct ProcessTicks {
     std::uint64_t ticks; // user and system, in clock ticks
     std::string comm;
+    friend bool operator==(const ProcessTicks&, const ProcessTicks&) = default;
 };
 using ProcessReading = std::map<std::pair<std::int32_t, std::uint64_t>, ProcessTicks>;
 
-ProcessReading readProcesses(const std::string& procFolder);
+// nullopt when the processes cannot be told.
+std::optional<ProcessReading> readProcesses(const std::string& procFolder);
 // The table over the interval between two readings.
 std::string processTable(const std::string& procFolder, const ProcessReading& first, const ProcessReading& second,
                          std::chrono::duration<double> interval);

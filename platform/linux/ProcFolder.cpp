@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <charconv>
 #include <memory>
 
@@ -49,18 +50,21 @@ std::vector<std::string_view> fields(std::string_view text)
 
 } // namespace
 
-std::vector<std::int32_t> processIds(const std::string& procFolder)
+std::optional<std::vector<std::int32_t>> processIds(const std::string& procFolder)
 {
-    std::vector<std::int32_t> ids;
     const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(procFolder.c_str()), ::closedir);
-    while (const auto* entry = folder ? ::readdir(folder.get()) : nullptr) {
+    if (!folder)
+        return std::nullopt;
+    std::vector<std::int32_t> ids;
+    errno = 0; // the end and a failure look alike otherwise
+    while (const auto* entry = ::readdir(folder.get())) {
         const std::string_view name = entry->d_name;
         std::int32_t pid = 0;
         const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), pid);
         if (error == std::errc{} && end == name.data() + name.size())
             ids.push_back(pid);
     }
-    return ids;
+    return errno == 0 ? std::optional(std::move(ids)) : std::nullopt;
 }
 
 std::string processFile(const std::string& procFolder, std::int32_t pid, const char* name)

@@ -13,7 +13,8 @@ namespace orrinvale
 
 // What /proc tells of processes. Thread-safe; a process may end at any moment, which is nullopt or empty.
 
-std::vector<std::int32_t> processIds(const std::string& procFolder);
+// nullopt when they cannot be told, or not all of them.
+std::optional<std::vector<std::int32_t>> processIds(const std::string& procFolder);
 
 struct ProcessStat {
     std::string comm;        // at most 15 bytes, any of them

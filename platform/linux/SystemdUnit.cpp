@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/SystemdUnit.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace orrinvale
@@ -35,6 +36,13 @@ std::string unescaped(std::string_view text)
 bool isDigits(std::string_view text)
 {
     return !text.empty() && text.find_first_not_of("0123456789") == text.npos;
+}
+
+// "0::/user.slice/…/app.slice/app-org.example.App-123.scope", or "1:name=systemd:/…" where the old hierarchies are in
+// use too. Others may manage those of single controllers, which come first then.
+bool isOfSystemd(std::string_view line)
+{
+    return line.starts_with("0::") || line.find(":name=systemd:") != line.npos;
 }
 
 std::string_view innermostUnitOfPath(std::string_view path)
@@ -78,8 +86,17 @@ std::string_view nameOfScope(std::string_view unit)
 
 std::string innermostUnit(std::string_view cgroup)
 {
-    // "0::/user.slice/…/app.slice/app-org.example.App-123.scope"
-    return std::string(innermostUnitOfPath(cgroup.substr(0, cgroup.find('\n'))));
+    std::string_view found;
+    while (!cgroup.empty()) {
+        const auto line = cgroup.substr(0, cgroup.find('\n'));
+        cgroup.remove_prefix(std::min(line.size() + 1, cgroup.size()));
+        const auto unit = innermostUnitOfPath(line.substr(std::min(line.find('/'), line.size())));
+        if (!unit.empty() && isOfSystemd(line))
+            return std::string(unit);
+        if (found.empty())
+            found = unit;
+    }
+    return std::string(found);
 }
 
 std::optional<std::string> desktopIdOfUnit(std::string_view unit)

@@ -15,8 +15,11 @@
 #include <filesystem>
 #include <fstream>
 
+#include <sched.h>
 #include <sys/inotify.h>
 #include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace orrinvale
 {
@@ -280,6 +283,52 @@ TEST_F(RefusedCameraTest, AWatchThatIsGrantedLaterSparesTheLooks)
     EXPECT_EQ(lookQueue.looks, 2);
     const Holder holder(folder / "video0");
     EXPECT_TRUE(becomes(true));
+}
+
+// Runs in a process of its own for whose user the kernel has not one watch left.
+bool passesWithoutWatches(const std::function<bool()>& check)
+{
+    const auto child = ::fork();
+    if (child == 0) {
+        std::ofstream limit;
+        const auto isAlone = ::unshare(CLONE_NEWUSER) == 0;
+        limit.open("/proc/sys/user/max_inotify_watches");
+        const auto isLimited = static_cast<bool>(limit << "0" << std::flush);
+        ::_exit(isAlone && isLimited && check() ? 0 : 1);
+    }
+    int status = -1;
+    return ::waitpid(child, &status, 0) == child && status == 0;
+}
+
+TEST_F(CameraTest, WithoutWatchesEveryQuestionLooks)
+{
+    EXPECT_TRUE(passesWithoutWatches([this] {
+        LookQueue lookQueue;
+        camera.emplace(queue, lookQueue, folder.string());
+        bool isInUse = camera->isInUse();
+        for (int i = 0; i < 3; ++i) {
+            runEventsFor(10ms);
+            isInUse = camera->isInUse() || isInUse;
+        }
+        return !isInUse && lookQueue.looks == 4;
+    }));
+}
+
+TEST_F(CameraTest, AFailedLookLeavesTheAnswerAndIsTakenAgain)
+{
+    const auto proc = folder / "proc";
+    fs::create_directory_symlink("/proc", proc);
+    LookQueue lookQueue;
+    camera.emplace(queue, lookQueue, folder.string(), proc.string());
+    const Holder holder(folder / "video0");
+    EXPECT_TRUE(camera->isInUse());
+    runEventsFor(10ms);
+    fs::remove(proc);
+    std::ofstream(folder / "video0") << "y"; // opened and closed
+    EXPECT_TRUE(camera->isInUse());
+    runEventsFor(10ms);
+    EXPECT_TRUE(camera->isInUse());
+    EXPECT_EQ(lookQueue.looks, 3);
 }
 
 } // namespace

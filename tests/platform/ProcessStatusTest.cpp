@@ -68,16 +68,23 @@ struct FakeProc : testing::Test {
             << pid << " (" << comm << ") R 1 1 1 0 -1 " << flags << " 0 0 0 0 " << ticks << " 0 0 0 20 0 1 0 " << start
             << " 0 0\n";
     }
-    std::string table(const ProcessReading& before) { return processTable(folder, before, readProcesses(folder), 1s); }
+    ProcessReading read() { return readProcesses(folder).value(); }
+    std::string table(const ProcessReading& before) { return processTable(folder, before, read(), 1s); }
 
     fs::path folder;
 };
+
+TEST_F(FakeProc, AFolderThatCannotBeReadIsNoReading)
+{
+    EXPECT_TRUE(readProcesses(folder));
+    EXPECT_EQ(readProcesses(folder / "missing"), std::nullopt);
+}
 
 TEST_F(FakeProc, BusiestFirstOverTheInterval)
 {
     process(10, "a", 1000);
     process(11, "b", 0);
-    const auto before = readProcesses(folder);
+    const auto before = read();
     process(10, "a", 1010);
     process(11, "b", 55);
     EXPECT_EQ(table(before), "  PID  %CPU COMMAND\n   11  55.0 b\n   10  10.0 a\n");
@@ -85,7 +92,7 @@ TEST_F(FakeProc, BusiestFirstOverTheInterval)
 
 TEST_F(FakeProc, KernelThreadsAndTheSessionsMachineryAreLeftOut)
 {
-    const auto before = readProcesses(folder);
+    const auto before = read();
     process(10, "kworker/0:1", 90, "2129984");
     process(11, "Xorg", 80);
     process(12, "worker", 70);
@@ -95,14 +102,14 @@ TEST_F(FakeProc, KernelThreadsAndTheSessionsMachineryAreLeftOut)
 TEST_F(FakeProc, AReusedIdIsAnotherProcess)
 {
     process(10, "old", 5000, "0", 500);
-    const auto before = readProcesses(folder);
+    const auto before = read();
     process(10, "new", 20, "0", 900);
     EXPECT_EQ(table(before), "  PID  %CPU COMMAND\n   10  20.0 new\n");
 }
 
 TEST_F(FakeProc, HostileNamesSpoilNothing)
 {
-    const auto before = readProcesses(folder);
+    const auto before = read();
     process(10, "a) R (\n\xFF", 30);
     process(11, "plain", 20);
     EXPECT_EQ(table(before), "  PID  %CPU COMMAND\n   10  30.0 a) R (?\xEF\xBF\xBD\n   11  20.0 plain\n");
@@ -110,7 +117,7 @@ TEST_F(FakeProc, HostileNamesSpoilNothing)
 
 TEST_F(FakeProc, TheExecutablesPathIsTheCommandWithoutDeleted)
 {
-    const auto before = readProcesses(folder);
+    const auto before = read();
     process(10, "ffmpeg", 30);
     fs::create_symlink("/opt/My Tools/ffmpeg (deleted)", folder / "10" / "exe");
     EXPECT_EQ(table(before), "  PID  %CPU COMMAND\n   10  30.0 /opt/My Tools/ffmpeg\n");

@@ -179,6 +179,62 @@ TEST_F(WalkTest, HelpersFoldIntoTheOldestProcessOfTheirUnit)
     EXPECT_EQ(last[0].executablePath, "/opt/suite/main");
 }
 
+TEST_F(WalkTest, WhatOutlivesAnApplicationInItsUnitIsNotIt)
+{
+    process(10, "/opt/studio/bin/studio", "app-gnome-com.example.Studio-10.scope", 1);
+    process(11, "/opt/sdk/adb", "app-gnome-com.example.Studio-10.scope", 2);
+    EXPECT_EQ(identifiers(), (Identifiers{"com.example.Studio"}));
+    fs::remove_all(folder / "proc/10");
+    EXPECT_EQ(identifiers(60s), Identifiers{});
+    EXPECT_EQ(identifiers(600s), Identifiers{});
+    process(12, "/opt/studio/bin/studio", "app-gnome-com.example.Studio-12.scope", 3);
+    EXPECT_EQ(identifiers(601s), (Identifiers{"com.example.Studio"}));
+    EXPECT_EQ(last[0].executablePath, "/opt/studio/bin/studio");
+}
+
+TEST_F(WalkTest, WhatOutlivesAnApplicationOfADesktopEntryIsNotItEither)
+{
+    entry("com.example.Studio", "Name=Studio\nExec=" + program("studio") + "\n");
+    process(10, program("studio"), "app-gnome-com.example.Studio-10.scope", 1);
+    process(11, "/opt/sdk/adb", "app-gnome-com.example.Studio-10.scope", 2);
+    EXPECT_EQ(identifiers(), (Identifiers{"com.example.Studio"}));
+    fs::remove_all(folder / "proc/10");
+    EXPECT_EQ(identifiers(60s), Identifiers{});
+}
+
+TEST_F(WalkTest, ALauncherThatEndsLeavesItsUnitToWhatItLaunched)
+{
+    process(10, "/usr/bin/dash", "app-gnome-org.example.App-10.scope", 1);
+    EXPECT_EQ(identifiers(), (Identifiers{"org.example.App"}));
+    fs::remove_all(folder / "proc/10");
+    process(11, "/opt/app/app", "app-gnome-org.example.App-10.scope", 2);
+    EXPECT_EQ(identifiers(10s), (Identifiers{"org.example.App"}));
+    EXPECT_EQ(identifiers(600s), (Identifiers{"org.example.App"}));
+    process(12, "/opt/app/helper", "app-gnome-org.example.App-10.scope", 3);
+    fs::remove_all(folder / "proc/11");
+    EXPECT_EQ(identifiers(610s), Identifiers{});
+}
+
+TEST_F(WalkTest, AnEntryThatComesLaterDoesNotReviveAUnit)
+{
+    process(10, "/opt/studio/bin/studio", "app-gnome-com.example.Studio-10.scope", 1);
+    process(11, "/opt/sdk/adb", "app-gnome-com.example.Studio-10.scope", 2);
+    EXPECT_EQ(identifiers(), (Identifiers{"com.example.Studio"}));
+    fs::remove_all(folder / "proc/10");
+    entry("com.example.Other", "Name=Other\nExec=" + program("other") + "\n");
+    EXPECT_EQ(identifiers(60s), Identifiers{});
+}
+
+TEST_F(WalkTest, AFolderOfProcessesThatCannotBeReadLeavesTheListAsItWas)
+{
+    process(10, "/usr/bin/ffmpeg");
+    EXPECT_EQ(identifiers(), (Identifiers{"org.ffmpeg.FFmpegKit"}));
+    fs::rename(folder / "proc", folder / "away");
+    EXPECT_EQ(identifiers(10s), (Identifiers{"org.ffmpeg.FFmpegKit"}));
+    fs::create_directory(folder / "proc");
+    EXPECT_EQ(identifiers(20s), Identifiers{});
+}
+
 TEST_F(WalkTest, AProgramInATerminalIsKnownByItsExecutable)
 {
     process(10, "/usr/libexec/gnome-terminal-server", "app-org.gnome.Terminal.slice/gnome-terminal-server.service", 1);
@@ -277,6 +333,30 @@ TEST(DesktopIdOfUnit, ReadsWhatDesktopsWrite)
     EXPECT_EQ(desktopIdOfUnit("vte-spawn-1234.scope"), std::nullopt);
     EXPECT_EQ(desktopIdOfUnit("dbus-:1.2-org.example.App@0.service"), std::nullopt);
     EXPECT_EQ(desktopIdOfUnit("session-2.scope"), std::nullopt);
+}
+
+TEST(InnermostUnit, IsTheOneThatSystemdManages)
+{
+    EXPECT_EQ(innermostUnit("0::/user.slice/user@1000.service/app.slice/app-a-1.scope\n"), "app-a-1.scope");
+    EXPECT_EQ(innermostUnit("0::/user.slice/user@1000.service/app.slice/app-a-1.scope/inner/leaf\n"), "app-a-1.scope");
+    EXPECT_EQ(innermostUnit("3:cpu:/docker-1.scope\n1:name=systemd:/user.slice/app-a-1.scope\n0::/\n"),
+              "app-a-1.scope");
+    EXPECT_EQ(innermostUnit("12:pids:/user.slice\n0::/user.slice/app-b-2.scope"), "app-b-2.scope");
+    EXPECT_EQ(innermostUnit("12:pids:/user.slice/app-c-3.scope\n0::/\n"), "app-c-3.scope");
+    EXPECT_EQ(innermostUnit("0::/\n"), "");
+    EXPECT_EQ(innermostUnit(""), "");
+    EXPECT_EQ(innermostUnit("\n\n"), "");
+    EXPECT_EQ(innermostUnit("app-a-1.scope"), "");
+}
+
+TEST(DesktopIdOfUnit, SaysNothingWhereTheNameIsNone)
+{
+    for (const auto* unit :
+         {"", "app-", "app-.scope", "app--1.scope", "app-@.service", "snap.", "snap..", "snap.a.b", "app-x-@1.service"})
+        EXPECT_EQ(desktopIdOfUnit(unit), std::nullopt) << unit;
+    EXPECT_EQ(desktopIdOfUnit("app-a\\x2-1.scope"), "a\\x2");
+    EXPECT_EQ(desktopIdOfUnit("app-a\\x"), "a\\x");
+    EXPECT_EQ(desktopIdOfUnit("app-a\\xzz"), "a\\xzz");
 }
 
 TEST(StartedProgram, LooksBehindWrappers)
