@@ -16,6 +16,9 @@ namespace
 {
 
 constexpr std::uint64_t restartAt = 1u << 30;
+// Two seconds of the kernel's USER_HZ. What waits for its old height that long still grows for most of the next sample,
+// so that a fall alone never looks like two busy samples in a row.
+constexpr std::uint64_t largestFall = 200;
 constexpr std::size_t mostProcessors = 8192; // NR_CPUS of any kernel that is built
 constexpr std::size_t initialBuffer = 8192;
 
@@ -32,10 +35,19 @@ std::optional<std::uint64_t> takeNumber(std::string_view& text)
 
 } // namespace
 
+bool LinuxCPUCounters::Counter::hasRestarted(const Ticks& reading) const
+{
+    for (std::size_t i = 0; i < reading.size(); ++i) {
+        if (reading[i] < highest[i] && highest[i] - reading[i] > largestFall)
+            return true;
+    }
+    return false;
+}
+
 void LinuxCPUCounters::Counter::update(const Ticks& reading)
 {
-    if (!known)
-        base = reading;
+    if (!known || hasRestarted(reading))
+        base = highest = reading;
     known = true;
     for (std::size_t i = 0; i < reading.size(); ++i)
         highest[i] = std::max(highest[i], reading[i]);

@@ -11,9 +11,11 @@
 namespace orrinvale
 {
 
-// Ticks from /proc/stat. Single counters of it may fall (iowait does), so each one handed out is the maximum of its
-// readings. They count from this object's making, and a processor's four begin again at zero before their sum is 2^30,
-// so that no uptime overflows them, nor the sum of their differences when they fall.
+// Ticks from /proc/stat. Single counters of it may fall by a little (iowait does), so each one handed out is the
+// maximum of its readings. One that falls by much has begun anew (a processor that was offline, on some kernels a
+// resume), and its processor does so too, with all four at zero. They count from this object's making, and a
+// processor's four begin again at zero before their sum is 2^30, so that no uptime overflows them, nor the sum of their
+// differences when they fall.
 class LinuxCPUCounters final : public CPUCounters
 {
 public:
@@ -31,6 +33,7 @@ private:
         Ticks highest{};
         Ticks base{};
         bool known = false;
+        bool hasRestarted(const Ticks& reading) const;
         void update(const Ticks& reading);
         Ticks value() const;
     };

@@ -118,7 +118,7 @@ bool LinuxCamera::hasChanged()
     const auto changed = takeEvents() || !wasWatching; // whatever happened before the watch is unknown
     if (changed)
         m_isWatching = watchDevices(); // a camera may have been plugged in
-    return changed || !m_isWatching;
+    return changed;
 }
 
 bool LinuxCamera::isInUse()

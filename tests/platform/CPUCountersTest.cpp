@@ -61,6 +61,40 @@ TEST_F(CPUCountersTest, ACounterThatFallsKeepsItsHighestValue)
     EXPECT_EQ(counters.host().ticks.idle, 10u);
 }
 
+TEST_F(CPUCountersTest, AProcessorWhoseCountersRestartBeginsAnew)
+{
+    const auto stat = [&](int idle0, int idle1) {
+        write(fmt::format("cpu  100 0 0 {} 0 0 0\ncpu0 50 0 0 {} 0 0 0\ncpu1 50 0 0 {} 0 0 0\n", idle0 + idle1, idle0,
+                          idle1));
+    };
+    stat(500'000, 500'000);
+    LinuxCPUCounters counters(file);
+    stat(500'500, 500'500);
+    EXPECT_EQ(counters.host().ticks.idle, 1000u);
+    stat(501'000, 100); // the second was offline for a moment
+    EXPECT_EQ(counters.host().ticks.idle, 0u);
+    EXPECT_EQ(counters.processors(), (Cores{0, 0, 1000, 0, 0, 0, 0, 0}));
+    stat(501'500, 600);
+    EXPECT_EQ(counters.host().ticks.idle, 1000u);
+    EXPECT_EQ(counters.processors(), (Cores{0, 0, 1500, 0, 0, 0, 500, 0}));
+}
+
+TEST_F(CPUCountersTest, OneTickTellsASmallFallFromARestart)
+{
+    write("cpu  0 0 0 1000 0 0 0\n");
+    LinuxCPUCounters counters(file);
+    write("cpu  0 0 0 1100 0 0 0\n");
+    EXPECT_EQ(counters.host().ticks.idle, 100u);
+    write("cpu  0 0 0 900 0 0 0\n"); // by 200
+    EXPECT_EQ(counters.host().ticks.idle, 100u);
+    write("cpu  0 0 0 1150 0 0 0\n");
+    EXPECT_EQ(counters.host().ticks.idle, 150u);
+    write("cpu  0 0 0 949 0 0 0\n"); // by 201
+    EXPECT_EQ(counters.host().ticks.idle, 0u);
+    write("cpu  0 0 0 1000 0 0 0\n");
+    EXPECT_EQ(counters.host().ticks.idle, 51u);
+}
+
 TEST_F(CPUCountersTest, AnOfflineProcessorKeepsItsValuesAndItsSlot)
 {
     write("cpu  0 0 0 0 0 0 0\ncpu0 0 0 0 0 0 0 0\ncpu1 0 0 0 0 0 0 0\ncpu2 0 0 0 0 0 0 0\n");
