@@ -3,11 +3,13 @@
 #pragma once
 
 #include "platform/NetworkCounters.h"
+#include "platform/linux/LinkDump.h"
 
 namespace orrinvale
 {
 
-// 64-bit byte counters of every interface, from one rtnetlink dump a reading.
+// 64-bit byte counters of every interface, from one rtnetlink dump a reading, or from another when links came or went
+// during it.
 class LinuxNetworkCounters final : public NetworkCounters
 {
 public:
@@ -19,6 +21,8 @@ public:
     std::optional<Bytes> totals() override;
 
 private:
+    LinkDump::Progress read(LinkDump& dump);
+
     int m_socket;
     std::uint32_t m_sequence = 0;
 };
