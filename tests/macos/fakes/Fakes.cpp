@@ -55,10 +55,7 @@ static Reference give(Value value)
 {
     return reinterpret_cast<Reference>(make(std::move(value)));
 }
-static CFTypeID typeId(std::size_t index)
-{
-    return index == 3 ? 2 : index;
-}
+static CFTypeID typeId(std::size_t index) { return index == 3 ? 2 : index; }
 
 Object* fake::make(Value value)
 {
@@ -102,47 +99,20 @@ CFStringRef fakeConstantString(const char* text)
     made.isConstant = true;
     return reinterpret_cast<CFStringRef>(&made);
 }
-void CFRelease(CFTypeRef reference)
-{
-    drop(object(reference));
-}
+void CFRelease(CFTypeRef reference) { drop(object(reference)); }
 CFTypeRef CFRetain(CFTypeRef reference)
 {
     ++object(reference)->owners;
     return reference;
 }
-CFTypeID CFGetTypeID(CFTypeRef reference)
-{
-    return typeId(object(reference)->value.index());
-}
-CFTypeID CFStringGetTypeID()
-{
-    return 1;
-}
-CFTypeID CFNumberGetTypeID()
-{
-    return 2;
-}
-CFTypeID CFBooleanGetTypeID()
-{
-    return 4;
-}
-CFTypeID CFDataGetTypeID()
-{
-    return 5;
-}
-CFTypeID CFDateGetTypeID()
-{
-    return 6;
-}
-CFTypeID CFArrayGetTypeID()
-{
-    return 7;
-}
-CFTypeID CFDictionaryGetTypeID()
-{
-    return 8;
-}
+CFTypeID CFGetTypeID(CFTypeRef reference) { return typeId(object(reference)->value.index()); }
+CFTypeID CFStringGetTypeID() { return 1; }
+CFTypeID CFNumberGetTypeID() { return 2; }
+CFTypeID CFBooleanGetTypeID() { return 4; }
+CFTypeID CFDataGetTypeID() { return 5; }
+CFTypeID CFDateGetTypeID() { return 6; }
+CFTypeID CFArrayGetTypeID() { return 7; }
+CFTypeID CFDictionaryGetTypeID() { return 8; }
 
 CFStringRef CFStringCreateWithBytes(CFAllocatorRef, const UInt8* bytes, CFIndex size, CFStringEncoding encoding,
                                     Boolean)
@@ -159,10 +129,7 @@ CFIndex CFStringGetLength(CFStringRef string)
         units += (byte & 0xC0) == 0x80 ? 0 : byte >= 0xF0 ? 2 : 1;
     return units;
 }
-CFIndex CFStringGetMaximumSizeForEncoding(CFIndex length, CFStringEncoding)
-{
-    return length * 3;
-}
+CFIndex CFStringGetMaximumSizeForEncoding(CFIndex length, CFStringEncoding) { return length * 3; }
 Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex size, CFStringEncoding)
 {
     const auto& text = as<std::string>(string);
@@ -171,10 +138,7 @@ Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex size, CFStr
     std::memcpy(buffer, text.c_str(), text.size() + 1);
     return true;
 }
-Boolean CFBooleanGetValue(CFBooleanRef boolean)
-{
-    return as<bool>(boolean);
-}
+Boolean CFBooleanGetValue(CFBooleanRef boolean) { return as<bool>(boolean); }
 CFNumberRef CFNumberCreate(CFAllocatorRef, CFNumberType type, const void* value)
 {
     require(type == kCFNumberSInt64Type || type == kCFNumberDoubleType, "a number type that is not modelled");
@@ -199,26 +163,11 @@ CFDataRef CFDataCreate(CFAllocatorRef, const UInt8* bytes, CFIndex length)
 {
     return give<CFDataRef>(Data{std::string(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length))});
 }
-CFIndex CFDataGetLength(CFDataRef data)
-{
-    return static_cast<CFIndex>(as<Data>(data).bytes.size());
-}
-const UInt8* CFDataGetBytePtr(CFDataRef data)
-{
-    return reinterpret_cast<const UInt8*>(as<Data>(data).bytes.data());
-}
-CFDateRef CFDateCreate(CFAllocatorRef, CFAbsoluteTime at)
-{
-    return give<CFDateRef>(Date{at});
-}
-CFAbsoluteTime CFDateGetAbsoluteTime(CFDateRef date)
-{
-    return as<Date>(date).seconds;
-}
-CFIndex CFArrayGetCount(CFArrayRef array)
-{
-    return static_cast<CFIndex>(as<List>(array).size());
-}
+CFIndex CFDataGetLength(CFDataRef data) { return static_cast<CFIndex>(as<Data>(data).bytes.size()); }
+const UInt8* CFDataGetBytePtr(CFDataRef data) { return reinterpret_cast<const UInt8*>(as<Data>(data).bytes.data()); }
+CFDateRef CFDateCreate(CFAllocatorRef, CFAbsoluteTime at) { return give<CFDateRef>(Date{at}); }
+CFAbsoluteTime CFDateGetAbsoluteTime(CFDateRef date) { return as<Date>(date).seconds; }
+CFIndex CFArrayGetCount(CFArrayRef array) { return static_cast<CFIndex>(as<List>(array).size()); }
 const void* CFArrayGetValueAtIndex(CFArrayRef array, CFIndex index)
 {
     auto& items = as<List>(array);
@@ -253,18 +202,12 @@ Boolean CFPreferencesAppSynchronize(CFStringRef)
     return true;
 }
 
-CFLocaleRef CFLocaleCopyCurrent()
-{
-    return give<CFLocaleRef>(List{make(locale)});
-}
+CFLocaleRef CFLocaleCopyCurrent() { return give<CFLocaleRef>(List{make(locale)}); }
 CFLocaleIdentifier CFLocaleGetIdentifier(CFLocaleRef of)
 {
     return reinterpret_cast<CFLocaleIdentifier>(as<List>(of).front());
 }
-CFArrayRef CFLocaleCopyPreferredLanguages()
-{
-    return reinterpret_cast<CFArrayRef>(std::exchange(languages, nullptr));
-}
+CFArrayRef CFLocaleCopyPreferredLanguages() { return reinterpret_cast<CFArrayRef>(std::exchange(languages, nullptr)); }
 
 // Power.
 
@@ -277,10 +220,7 @@ IOReturn IOPMAssertionCreateWithName(CFStringRef type, IOPMAssertionLevel level,
     assertions[*id] = {as<std::string>(type), as<std::string>(name), level};
     return 0;
 }
-IOReturn IOPMAssertionRelease(IOPMAssertionID id)
-{
-    return assertions.erase(id) == 1 ? 0 : kIOReturnNotFound;
-}
+IOReturn IOPMAssertionRelease(IOPMAssertionID id) { return assertions.erase(id) == 1 ? 0 : kIOReturnNotFound; }
 
 CFTypeRef IOPSCopyPowerSourcesInfo()
 {
@@ -322,10 +262,7 @@ mach_port_t mach_host_self()
     ++hostRights;
     return machinePort;
 }
-mach_port_t mach_task_self()
-{
-    return taskPort;
-}
+mach_port_t mach_task_self() { return taskPort; }
 kern_return_t mach_port_deallocate(mach_port_t task, mach_port_t name)
 {
     require(task == taskPort && name == machinePort && hostRights-- > 0, "a right that is not ours");
@@ -434,10 +371,7 @@ kern_return_t IOObjectRelease(io_object_t object)
 
 // Sound: the device of index i is numbered i + 100.
 
-static Device& device(AudioObjectID id)
-{
-    return devices.at(id - 100);
-}
+static Device& device(AudioObjectID id) { return devices.at(id - 100); }
 OSStatus AudioObjectGetPropertyDataSize(AudioObjectID id, const AudioObjectPropertyAddress* address, UInt32,
                                         const void*, UInt32* size)
 {
@@ -504,18 +438,9 @@ dispatch_source_t dispatch_source_create(dispatch_source_type_t type, uintptr_t 
     ++sources;
     return *live.insert(new dispatch_source_s{static_cast<int>(handle), mask}).first;
 }
-void dispatch_set_context(dispatch_source_t source, void* context)
-{
-    source->context = context;
-}
-void dispatch_source_set_event_handler_f(dispatch_source_t source, dispatch_function_t f)
-{
-    source->onEvent = f;
-}
-void dispatch_source_set_cancel_handler_f(dispatch_source_t source, dispatch_function_t f)
-{
-    source->onCancel = f;
-}
+void dispatch_set_context(dispatch_source_t source, void* context) { source->context = context; }
+void dispatch_source_set_event_handler_f(dispatch_source_t source, dispatch_function_t f) { source->onEvent = f; }
+void dispatch_source_set_cancel_handler_f(dispatch_source_t source, dispatch_function_t f) { source->onCancel = f; }
 void dispatch_resume(dispatch_source_t source)
 {
     require(source->onEvent && source->onCancel, "a source without handlers");

@@ -1,0 +1,3 @@
+// expect: requires a bridged cast
+#import <Foundation/Foundation.h>
+void* seeded(NSString* text) { return (void*)text; }
