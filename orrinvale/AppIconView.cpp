@@ -16,29 +16,21 @@
 namespace orrinvale
 {
 
-struct AppIconView::Link {
-    AppIconView& view;
-};
-
 AppIconView::AppIconView(std::string bundleID, const Platform& platform, QWidget* parent)
-    : QWidget(parent), m_bundleID(std::move(bundleID)), m_link(std::make_shared<Link>(Link{*this}))
+    : QWidget(parent), m_bundleID(std::move(bundleID))
 {
     lookUp(platform);
 }
 
-AppIconView::~AppIconView() = default;
-
 void AppIconView::lookUp(const Platform& platform)
 {
-    platform.background.post([&installed = platform.installedApplications, &queue = platform.mainQueue,
-                              bundleID = m_bundleID, weak = std::weak_ptr(m_link)] {
-        if (weak.expired())
-            return;
-        queue.post([weak, application = installed.find(bundleID)] {
-            if (const auto link = weak.lock())
-                link->view.show(application);
+    platform.background.post(
+        [&installed = platform.installedApplications, &queue = platform.mainQueue, bundleID = m_bundleID,
+         show = m_lifetime.unlessGone([this](const auto& application) { this->show(application); })] {
+            if (show.isGone())
+                return;
+            queue.post([show, application = installed.find(bundleID)] { show(application); });
         });
-    });
 }
 
 void AppIconView::show(const std::optional<InstalledApplication>& application)

@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Lifetime.h"
+
 #include <QPixmap>
 #include <QWidget>
 
-#include <memory>
 #include <optional>
 #include <string>
 
@@ -23,7 +24,6 @@ class AppIconView final : public QWidget
 
 public:
     AppIconView(std::string bundleID, const Platform& platform, QWidget* parent);
-    ~AppIconView() override;
 
     const std::string& bundleID() const { return m_bundleID; }
     // Null while it shows the symbol, or nothing yet.
@@ -33,16 +33,14 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    struct Link;
-
     void lookUp(const Platform& platform);
     void show(const std::optional<InstalledApplication>& application);
 
     std::string m_bundleID;
     std::optional<QString> m_iconName; // once looked up
     QPixmap m_pixmap;
-    int m_pixmapSize = 0;         // that it was loaded for
-    std::shared_ptr<Link> m_link; // background work reaches the view through it while it stands
+    int m_pixmapSize = 0; // that it was loaded for
+    Lifetime m_lifetime;
 };
 
 } // namespace orrinvale

@@ -27,49 +27,30 @@ std::string usualLabel(const InstalledApp& app)
 
 } // namespace
 
-struct AppPicker::Link {
-    AppPicker& picker;
-};
-
-struct AppPicker::Found {
-    std::vector<InstalledApp> apps;
-    std::vector<std::u16string> searchForms;
-};
-
-AppPicker::AppPicker(const Platform& platform, std::string locale)
-    : m_platform(platform), m_locale(std::move(locale)), m_link(std::make_shared<Link>(Link{*this}))
+AppPicker::AppPicker(const Platform& platform, std::string locale) : m_platform(platform), m_locale(std::move(locale))
 {
     lookAtRunningApplications();
 }
-
-AppPicker::~AppPicker() = default;
 
 // The fresh look is taken on the background queue: what is posted there after it comes back after it.
 void AppPicker::lookAtRunningApplications()
 {
     m_platform.runningApplications.refresh();
-    m_platform.background.post([&queue = m_platform.mainQueue, weak = std::weak_ptr(m_link)] {
-        queue.post([weak] {
-            if (const auto link = weak.lock())
-                link->picker.scan();
-        });
-    });
+    m_platform.background.post(
+        [&queue = m_platform.mainQueue, then = m_lifetime.unlessGone([this] { scan(); })] { queue.post(then); });
 }
 
 void AppPicker::scan()
 {
     m_platform.background.post([&installed = m_platform.installedApplications, &queue = m_platform.mainQueue,
                                 running = m_platform.runningApplications.applications(), locale = m_locale,
-                                weak = std::weak_ptr(m_link)] {
-        if (weak.expired())
+                                finish = m_lifetime.unlessGone([this](Found found) { finishScan(std::move(found)); })] {
+        if (finish.isGone())
             return;
         Found found{installedApps(installed.scan(), running, locale), {}};
         for (const auto& app : found.apps)
             found.searchForms.push_back(searchForm(app.name, locale));
-        queue.post([weak, found = std::move(found)]() mutable {
-            if (const auto link = weak.lock())
-                link->picker.finishScan(std::move(found));
-        });
+        queue.post([finish, found = std::move(found)]() mutable { finish(std::move(found)); });
     });
 }
 

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Lifetime.h"
 #include "orrinvale/InstalledApp.h"
 
 #include <functional>
-#include <memory>
 #include <string_view>
 
 namespace orrinvale
@@ -22,7 +22,6 @@ class AppPicker
 public:
     // The locale is that of sorting and searching.
     AppPicker(const Platform& platform, std::string locale);
-    ~AppPicker();
 
     std::function<void()> onLoaded;
     std::function<void(CustomProcess)> onAdd;
@@ -53,8 +52,10 @@ public:
     void cancel();
 
 private:
-    struct Link;
-    struct Found;
+    struct Found {
+        std::vector<InstalledApp> apps;
+        std::vector<std::u16string> searchForms;
+    };
 
     void lookAtRunningApplications();
     void scan();
@@ -72,7 +73,7 @@ private:
     std::vector<std::size_t> m_rows; // indices of all applications
     std::optional<InstalledApp> m_selectedApp;
     std::string m_labelText;
-    std::shared_ptr<Link> m_link; // background work reaches the picker through it while it stands
+    Lifetime m_lifetime;
 };
 
 } // namespace orrinvale

@@ -74,17 +74,11 @@ WakeSignals activeDownloads(const std::vector<FolderEntry>& entries, Instant now
     return found;
 }
 
-struct DownloadMonitor::Link {
-    DownloadMonitor& monitor;
-};
-
 DownloadMonitor::DownloadMonitor(const Platform& platform, AppSettings& settings)
     : m_settings(settings), m_folders(platform.folderWatcher), m_queue(platform.mainQueue),
       m_serialQueues(platform.serialQueues), m_clock(platform.clock)
 {
 }
-
-DownloadMonitor::~DownloadMonitor() = default;
 
 void DownloadMonitor::start()
 {
@@ -100,7 +94,7 @@ void DownloadMonitor::stop()
     m_dispatchSource.cancel();
     m_pollTimer.cancel();
     m_settingsCancellable.cancel();
-    m_link.reset();
+    m_lifetime.renew();
     m_scans.reset();
     signals.set({});
 }
@@ -114,21 +108,16 @@ void DownloadMonitor::retarget()
 
 void DownloadMonitor::startWatching()
 {
-    m_link = std::make_shared<Link>(Link{*this});
+    m_lifetime.renew();
     m_scans = m_serialQueues.make("com.orrinvale.downloadmonitor");
     m_isScanning = false;
-    m_scans->post([&folders = m_folders, &queue = m_queue, path = m_settings.downloadsFolderPath.get(),
-                   weak = std::weak_ptr(m_link)] {
-        const auto onChange = [&queue, weak] {
-            queue.post([weak] {
-                if (const auto link = weak.lock())
-                    link->monitor.scan();
-            });
-        };
+    const auto finish = m_lifetime.unlessGone([this](Cancellable token) { finishWatching(std::move(token)); });
+    m_scans->post([&folders = m_folders, &queue = m_queue, path = m_settings.downloadsFolderPath.get(), finish,
+                   change = m_lifetime.unlessGone([this] { scan(); })] {
+        const auto onChange = [&queue, change] { queue.post(change); };
         // Shared, since work is copied; nobody takes a token that comes late, and it goes with the work.
-        queue.post([weak, token = std::make_shared<Cancellable>(folders.watch(path, onChange))] {
-            if (const auto link = weak.lock())
-                link->monitor.finishWatching(std::move(*token));
+        queue.post([finish, token = std::make_shared<Cancellable>(folders.watch(path, onChange))] {
+            finish(std::move(*token));
         });
     });
 }
@@ -149,13 +138,11 @@ void DownloadMonitor::scan()
     m_isScanning = true;
     m_scanAgain = false;
     m_scans->post([&folders = m_folders, &clock = m_clock, &queue = m_queue,
-                   path = m_settings.downloadsFolderPath.get(), weak = std::weak_ptr(m_link)] {
+                   path = m_settings.downloadsFolderPath.get(),
+                   finish = m_lifetime.unlessGone([this](const auto& found) { finishScan(found); })] {
         const auto entries = folders.entries(path);
         auto found = entries ? std::optional(activeDownloads(*entries, clock.now())) : std::nullopt;
-        queue.post([weak, found = std::move(found)] {
-            if (const auto link = weak.lock())
-                link->monitor.finishScan(found);
-        });
+        queue.post([finish, found = std::move(found)] { finish(found); });
     });
 }
 

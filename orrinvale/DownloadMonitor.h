@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Lifetime.h"
 #include "base/Published.h"
 #include "base/SerialQueue.h"
 #include "orrinvale/WakeSignal.h"
@@ -23,7 +24,6 @@ class DownloadMonitor
 {
 public:
     DownloadMonitor(const Platform& platform, AppSettings& settings);
-    ~DownloadMonitor();
 
     Published<WakeSignals> signals; // replaced by every scan, equal or not
 
@@ -31,8 +31,6 @@ public:
     void stop();
 
 private:
-    struct Link;
-
     void startWatching();
     void finishWatching(Cancellable token);
     void retarget();
@@ -45,12 +43,12 @@ private:
     SerialQueues& m_serialQueues;
     const Clock& m_clock;
     std::unique_ptr<SerialQueue> m_scans;
-    std::shared_ptr<Link> m_link; // background work reaches the monitor through it while it stands
     bool m_isScanning = false;
     bool m_scanAgain = false;
     Cancellable m_dispatchSource;
     Cancellable m_pollTimer;
     Cancellable m_settingsCancellable;
+    Lifetime m_lifetime; // renewed with each watch: what an earlier folder still finds is dropped
 };
 
 // The active downloads among a folder's entries, in their order: a known partial suffix, and modified less than 10

@@ -75,7 +75,7 @@ const std::vector<WatchedProcess>& ProcessDetector::builtinProcesses()
 
 ProcessDetector::ProcessDetector(const Platform& platform)
     : m_applications(platform.runningApplications), m_media(platform.mediaDevices), m_queue(platform.mainQueue),
-      m_clock(platform.clock), m_self(std::make_shared<ProcessDetector*>(this))
+      m_clock(platform.clock)
 {
 }
 
@@ -95,7 +95,7 @@ void ProcessDetector::stop()
     m_timer.cancel();
     m_changes.cancel();
     m_mediaChanges.cancel();
-    m_self = std::make_shared<ProcessDetector*>(this);
+    m_lifetime.renew();
     signals.set({});
 }
 
@@ -132,10 +132,7 @@ bool ProcessDetector::isMediaActiveFor(const std::vector<WatchedProcess>& watche
 
 void ProcessDetector::publishLater(WakeSignals found)
 {
-    m_queue.post([weak = std::weak_ptr(m_self), found = std::move(found)] {
-        if (const auto self = weak.lock())
-            (*self)->signals.set(found);
-    });
+    m_queue.post(m_lifetime.unlessGone([this, found = std::move(found)] { signals.set(found); }));
 }
 
 } // namespace orrinvale

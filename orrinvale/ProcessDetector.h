@@ -2,11 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Lifetime.h"
 #include "base/Published.h"
 #include "orrinvale/CustomProcess.h"
 #include "orrinvale/WakeSignal.h"
-
-#include <memory>
 
 namespace orrinvale
 {
@@ -52,10 +51,10 @@ private:
     MainQueue& m_queue;
     const Clock& m_clock;
     std::vector<WatchedProcess> m_customProcesses;
-    std::shared_ptr<ProcessDetector*> m_self; // replaced by stop(), so that what is still queued finds nobody
     Cancellable m_timer;
     Cancellable m_changes;
     Cancellable m_mediaChanges;
+    Lifetime m_lifetime; // renewed by stop(), so that what is still queued finds nobody
 };
 
 } // namespace orrinvale

@@ -7,7 +7,6 @@
 #include <array>
 #include <cerrno>
 #include <filesystem>
-#include <future>
 #include <utility>
 
 #include <sys/inotify.h>
@@ -62,12 +61,6 @@ std::optional<bool> isAnyDeviceHeld(const std::string& procFolder, const std::st
 }
 
 } // namespace
-
-struct LinuxCamera::Look {
-    LinuxCamera& owner;
-    std::promise<std::optional<bool>> promise{};
-    std::future<std::optional<bool>> result = promise.get_future();
-};
 
 LinuxCamera::LinuxCamera(MainQueue& queue, SerialQueue& background, std::string deviceFolder, std::string procFolder)
     : m_queue(queue), m_background(background), m_deviceFolder(std::move(deviceFolder)),
@@ -126,32 +119,31 @@ bool LinuxCamera::isInUse()
     const auto isFirstQuestion = !std::exchange(m_wasAsked, true);
     m_isStale = hasChanged() || m_isStale || std::exchange(m_isUnknown, false);
     lookIfStale();
-    if (isFirstQuestion && m_look->result.wait_for(firstAnswer) == std::future_status::ready)
-        m_isInUse = m_look->result.get().value_or(m_isInUse);
+    if (isFirstQuestion && m_look.wait_for(firstAnswer) == std::future_status::ready)
+        m_isInUse = m_look.get().value_or(m_isInUse);
     return m_isInUse;
 }
 
 void LinuxCamera::lookIfStale()
 {
-    if (!m_isStale || m_look)
+    if (!m_isStale || m_isLooking)
         return;
     m_isStale = false;
-    m_look = std::make_shared<Look>(Look{*this});
+    m_isLooking = true;
+    const auto look = std::make_shared<std::promise<std::optional<bool>>>(); // shared, since work is copied
+    m_look = look->get_future();
     m_background.post([&queue = m_queue, proc = m_procFolder, prefix = fmt::format("{}/{}", m_deviceFolder, nodePrefix),
-                       weak = std::weak_ptr(m_look)] {
-        const auto held = isAnyDeviceHeld(proc, prefix);
-        if (const auto look = weak.lock())
-            look->promise.set_value(held);
-        queue.post([weak, held] {
-            if (const auto look = weak.lock())
-                look->owner.finish(held);
-        });
+                       look,
+                       finish = m_lifetime.unlessGone([this](std::optional<bool> found) { this->finish(found); })] {
+        const auto found = isAnyDeviceHeld(proc, prefix);
+        look->set_value(found);
+        queue.post([finish, found] { finish(found); });
     });
 }
 
 void LinuxCamera::finish(std::optional<bool> found)
 {
-    m_look.reset();
+    m_isLooking = false;
     const auto held = found.value_or(m_isInUse);
     m_isUnknown = !found;
     lookIfStale(); // somebody asked meanwhile

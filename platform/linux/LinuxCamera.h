@@ -2,12 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Lifetime.h"
 #include "base/MainQueue.h"
 #include "base/Published.h"
 #include "base/SerialQueue.h"
 
 #include <cstdint>
-#include <memory>
+#include <future>
 #include <optional>
 #include <string>
 
@@ -30,8 +31,6 @@ public:
     [[nodiscard]] Cancellable observeChanges(std::function<void()> onChange);
 
 private:
-    struct Look;
-
     bool hasChanged();
     bool takeEvents();
     bool watchDevices();
@@ -47,10 +46,12 @@ private:
     bool m_wasAsked = false;
     bool m_isInUse = false;
     bool m_isStale = true;
-    bool m_isUnknown = false;     // the last look failed
-    bool m_isWatching = false;    // the kernel tells of every device
-    std::shared_ptr<Look> m_look; // the one under way
+    bool m_isUnknown = false;  // the last look failed
+    bool m_isWatching = false; // the kernel tells of every device
+    bool m_isLooking = false;
+    std::future<std::optional<bool>> m_look; // the answer of the one under way
     Published<int> m_changes;
+    Lifetime m_lifetime;
 };
 
 } // namespace orrinvale

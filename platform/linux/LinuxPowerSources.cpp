@@ -11,7 +11,6 @@
 
 #include <QDBusPendingCall>
 #include <QDBusPendingReply>
-#include <QPointer>
 
 namespace orrinvale
 {
@@ -145,13 +144,12 @@ void LinuxPowerSources::readSysfsLater()
     if (m_isReadingSysfs)
         return;
     m_isReadingSysfs = true;
-    m_background.post([&queue = m_queue, folder = m_sysfsFolder, self = QPointer(this)] {
-        queue.post([self, source = powerSourceFromSysfs(folder)] {
-            if (!self)
-                return;
-            self->m_isReadingSysfs = false;
-            self->m_sysfs = source;
-        });
+    const auto finish = m_lifetime.unlessGone([this](const std::optional<PowerSource>& source) {
+        m_isReadingSysfs = false;
+        m_sysfs = source;
+    });
+    m_background.post([&queue = m_queue, folder = m_sysfsFolder, finish] {
+        queue.post([finish, source = powerSourceFromSysfs(folder)] { finish(source); });
     });
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Lifetime.h"
 #include "base/SerialQueue.h"
 #include "platform/PowerSources.h"
 #include "platform/linux/DBus.h"
@@ -46,6 +47,7 @@ private:
     bool m_isReadingSysfs = false;
     QDBusServiceWatcher m_watcher;
     DBusSignal m_deviceChanges, m_managerChanges;
+    Lifetime m_lifetime;
 };
 
 // What the folder tells: the first battery of the machine itself, and whether external power is there. Thread-safe.

@@ -129,9 +129,9 @@ LinuxProcessStatus::LinuxProcessStatus(MainQueue& queue, SerialQueue& background
 
 void LinuxProcessStatus::prepare()
 {
-    if (m_measuring)
+    if (m_isMeasuring)
         return;
-    m_measuring = std::make_shared<LinuxProcessStatus*>(this);
+    m_isMeasuring = true;
     const auto first = std::make_shared<std::optional<ProcessReading>>();
     const auto begin = std::make_shared<std::chrono::steady_clock::time_point>();
     m_background.post([first, begin, proc = m_procFolder] {
@@ -139,20 +139,18 @@ void LinuxProcessStatus::prepare()
         *first = readProcesses(proc);
     });
     m_secondReading = m_background.after(
-        interval, [first, begin, proc = m_procFolder, &queue = m_queue, weak = std::weak_ptr(m_measuring)] {
+        interval, [first, begin, proc = m_procFolder, &queue = m_queue,
+                   finish = m_lifetime.unlessGone([this](const auto& table) { this->finish(table); })] {
             const auto second = readProcesses(proc);
             const auto elapsed = std::chrono::steady_clock::now() - *begin;
             auto table = *first && second ? std::optional(processTable(proc, **first, *second, elapsed)) : std::nullopt;
-            queue.post([weak, table = std::move(table)] {
-                if (const auto self = weak.lock())
-                    (*self)->finish(table);
-            });
+            queue.post([finish, table = std::move(table)] { finish(table); });
         });
 }
 
 void LinuxProcessStatus::finish(const std::optional<std::string>& table)
 {
-    m_measuring.reset();
+    m_isMeasuring = false;
     if (table)
         m_table = table;
 }

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Lifetime.h"
 #include "base/MainQueue.h"
 #include "base/SerialQueue.h"
 #include "platform/ProcessStatus.h"
 
 #include <cstdint>
 #include <map>
-#include <memory>
 
 namespace orrinvale
 {
@@ -30,8 +30,9 @@ private:
     SerialQueue& m_background;
     std::string m_procFolder;
     std::optional<std::string> m_table;
+    bool m_isMeasuring = false;
     Cancellable m_secondReading;
-    std::shared_ptr<LinuxProcessStatus*> m_measuring; // stands while a measurement is under way
+    Lifetime m_lifetime;
 };
 
 // One reading: ticks by (pid, start time).

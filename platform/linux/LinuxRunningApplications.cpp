@@ -4,16 +4,8 @@
 
 #include "platform/linux/ApplicationWalk.h"
 
-#include <future>
-
 namespace orrinvale
 {
-
-struct LinuxRunningApplications::Look {
-    LinuxRunningApplications& owner;
-    std::promise<std::vector<RunningApplication>> promise{};
-    std::future<std::vector<RunningApplication>> result = promise.get_future();
-};
 
 LinuxRunningApplications::LinuxRunningApplications(MainQueue& queue, SerialQueue& background, std::string procFolder)
     : m_queue(queue), m_background(background),
@@ -25,32 +17,31 @@ LinuxRunningApplications::~LinuxRunningApplications() = default;
 
 void LinuxRunningApplications::refresh()
 {
-    if (m_look)
+    if (m_look.valid())
         return;
-    m_look = std::make_shared<Look>(Look{*this});
-    m_background.post([&queue = m_queue, walk = m_walk, weak = std::weak_ptr(m_look)] {
-        if (const auto look = weak.lock())
-            look->promise.set_value(walk->walk(std::chrono::steady_clock::now()));
-        queue.post([weak] {
-            if (const auto look = weak.lock())
-                look->owner.finish(look);
-        });
+    const auto look = std::make_shared<std::promise<std::vector<RunningApplication>>>(); // shared, since work is copied
+    m_look = look->get_future();
+    m_background.post([&queue = m_queue, walk = m_walk, look, finish = m_lifetime.unlessGone([this] { finish(); })] {
+        if (finish.isGone())
+            return;
+        look->set_value(walk->walk(std::chrono::steady_clock::now()));
+        queue.post(finish);
     });
 }
 
 void LinuxRunningApplications::waitForRefresh(std::chrono::milliseconds bound)
 {
-    const auto look = m_look;
-    if (look && look->result.wait_for(bound) == std::future_status::ready)
-        finish(look);
+    if (m_look.valid())
+        m_look.wait_for(bound);
+    finish();
 }
 
-void LinuxRunningApplications::finish(const std::shared_ptr<Look>& look)
+// Does nothing when the result has been taken already, or the one under way now is a later one.
+void LinuxRunningApplications::finish()
 {
-    if (look != m_look)
+    if (!m_look.valid() || m_look.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
         return;
-    m_look.reset();
-    auto found = look->result.get();
+    auto found = m_look.get();
     if (found == m_applications)
         return;
     m_applications = std::move(found);

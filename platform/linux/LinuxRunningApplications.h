@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Lifetime.h"
 #include "base/MainQueue.h"
 #include "base/Published.h"
 #include "base/SerialQueue.h"
 #include "platform/RunningApplications.h"
 
 #include <chrono>
+#include <future>
 #include <memory>
 
 namespace orrinvale
@@ -30,15 +32,15 @@ public:
     void waitForRefresh(std::chrono::milliseconds bound);
 
 private:
-    struct Look;
-    void finish(const std::shared_ptr<Look>& look);
+    void finish();
 
     MainQueue& m_queue;
     SerialQueue& m_background;
     std::shared_ptr<ApplicationWalk> m_walk; // touched in the background alone
     std::vector<RunningApplication> m_applications;
-    std::shared_ptr<Look> m_look; // the one under way
+    std::future<std::vector<RunningApplication>> m_look; // the one under way
     Published<int> m_changes;
+    Lifetime m_lifetime;
 };
 
 } // namespace orrinvale
