@@ -88,12 +88,11 @@ void ActivityLogWindowController::clearLog()
 
 void ActivityLogWindowController::exportLog()
 {
-    const auto write = [text = logExportText(m_entries, m_calendar), alive = std::weak_ptr(m_alive),
-                        this](const std::optional<std::filesystem::path>& path) {
-        if (path && !alive.expired())
+    const auto write = [text = logExportText(m_entries, m_calendar), this](const auto& path) {
+        if (path)
             writeExport(*path, text);
     };
-    m_filePanels.chooseFile({logExportFileName, "text/plain", window().winId()}, write);
+    m_exportPanel = m_filePanels.chooseFile({logExportFileName, "text/plain", window().winId()}, write);
 }
 
 void ActivityLogWindowController::writeExport(const std::filesystem::path& path, const std::string& text)

@@ -57,7 +57,7 @@ private:
     ActivityLogView* m_view; // the window's
     Instant m_selectedDate;
     std::shared_ptr<SerialQueue> m_exports; // its own: the chosen folder may be slow or never answer
-    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+    Cancellable m_exportPanel;
     Cancellables m_cancellables;
 };
 

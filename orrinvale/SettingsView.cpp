@@ -196,11 +196,12 @@ void SettingsView::showDownloadsFolder(const std::string& path)
 
 void SettingsView::chooseDownloadsFolder()
 {
-    const auto take = [this, alive = std::weak_ptr(m_alive)](const std::optional<std::filesystem::path>& folder) {
-        if (folder && !alive.expired())
+    const auto take = [this](const std::optional<std::filesystem::path>& folder) {
+        if (folder)
             m_settings.downloadsFolderPath.set(folder->string());
     };
-    m_surroundings.filePanels.chooseFolder({"Choose", m_settings.downloadsFolderPath.get(), window()->winId()}, take);
+    m_folderPanel = m_surroundings.filePanels.chooseFolder(
+        {"Choose", m_settings.downloadsFolderPath.get(), window()->winId()}, take);
 }
 
 void SettingsView::addCustomProcess(const CustomProcess& process)

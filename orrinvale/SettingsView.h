@@ -109,7 +109,7 @@ private:
     ThresholdsRow* m_thresholds = nullptr;
     WatchListView* m_watchList = nullptr;
     ButtonRow* m_feedback = nullptr;
-    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+    Cancellable m_folderPanel;
     Cancellables m_cancellables;
 };
 

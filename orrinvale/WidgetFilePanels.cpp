@@ -3,6 +3,7 @@
 #include "orrinvale/WidgetFilePanels.h"
 
 #include <QFileDialog>
+#include <QPointer>
 #include <QStandardPaths>
 
 namespace orrinvale
@@ -20,7 +21,7 @@ QFileDialog* makeDialog(FilePanels::WindowId window, const QString& title)
 
 } // namespace
 
-void WidgetFilePanels::ask(QFileDialog* dialog, Answer answer)
+Cancellable WidgetFilePanels::ask(QFileDialog* dialog, Answer answer)
 {
     QObject::connect(dialog, &QDialog::finished, this, [dialog, answer = std::move(answer)](int result) {
         const auto chosen = dialog->selectedFiles();
@@ -30,26 +31,33 @@ void WidgetFilePanels::ask(QFileDialog* dialog, Answer answer)
             answer(std::nullopt);
     });
     dialog->open();
+    // The user's closing deletes the dialog, and so does its parent's end.
+    return Cancellable([panel = QPointer(dialog)] {
+        if (!panel)
+            return;
+        panel->disconnect();
+        panel->close();
+    });
 }
 
-void WidgetFilePanels::chooseFolder(const FolderRequest& request, Answer answer)
+Cancellable WidgetFilePanels::chooseFolder(const FolderRequest& request, Answer answer)
 {
     auto* dialog = makeDialog(request.window, QStringLiteral("Downloads Folder"));
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
     dialog->setLabelText(QFileDialog::Accept, QString::fromStdString(request.prompt));
     dialog->setDirectory(QFile::decodeName(request.folder.c_str()));
-    ask(dialog, std::move(answer));
+    return ask(dialog, std::move(answer));
 }
 
-void WidgetFilePanels::chooseFile(const SaveRequest& request, Answer answer)
+Cancellable WidgetFilePanels::chooseFile(const SaveRequest& request, Answer answer)
 {
     auto* dialog = makeDialog(request.window, QStringLiteral("Export"));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setMimeTypeFilters({QString::fromStdString(request.contentType)});
     dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     dialog->selectFile(QString::fromStdString(request.fileName));
-    ask(dialog, std::move(answer));
+    return ask(dialog, std::move(answer));
 }
 
 } // namespace orrinvale

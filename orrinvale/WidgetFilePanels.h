@@ -17,11 +17,11 @@ class WidgetFilePanels final : public QObject, public FilePanels
     Q_OBJECT
 
 public:
-    void chooseFolder(const FolderRequest& request, Answer answer) override;
-    void chooseFile(const SaveRequest& request, Answer answer) override;
+    [[nodiscard]] Cancellable chooseFolder(const FolderRequest& request, Answer answer) override;
+    [[nodiscard]] Cancellable chooseFile(const SaveRequest& request, Answer answer) override;
 
 private:
-    void ask(QFileDialog* dialog, Answer answer);
+    Cancellable ask(QFileDialog* dialog, Answer answer);
 };
 
 } // namespace orrinvale

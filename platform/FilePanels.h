@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Cancellable.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -11,11 +13,13 @@
 namespace orrinvale
 {
 
-// Asks the user for a folder or a place to save at, in a dialog over one of our windows. Main thread.
+// Asks the user for a folder or a place to save at, in a dialog over one of our windows. Dropping the token takes the
+// question back: the dialog closes and nothing is answered. Main thread.
 class FilePanels
 {
 public:
-    // nullopt when the user cancelled. Called in a later turn, at most once; never after the panels' destruction.
+    // nullopt when the user cancelled. Called in a later turn, at most once; never after the panels' destruction. The
+    // token may be dropped in it.
     using Answer = std::function<void(std::optional<std::filesystem::path>)>;
     using WindowId = std::uintptr_t; // as the window system numbers it; 0 is none
 
@@ -31,8 +35,8 @@ public:
     };
 
     virtual ~FilePanels() = default;
-    virtual void chooseFolder(const FolderRequest& request, Answer answer) = 0;
-    virtual void chooseFile(const SaveRequest& request, Answer answer) = 0;
+    [[nodiscard]] virtual Cancellable chooseFolder(const FolderRequest& request, Answer answer) = 0;
+    [[nodiscard]] virtual Cancellable chooseFile(const SaveRequest& request, Answer answer) = 0;
 };
 
 } // namespace orrinvale

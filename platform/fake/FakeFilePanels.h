@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Lifetime.h"
 #include "platform/FilePanels.h"
+
+#include <utility>
 
 namespace orrinvale
 {
@@ -11,25 +14,41 @@ namespace orrinvale
 class FakeFilePanels final : public FilePanels
 {
 public:
-    void chooseFolder(const FolderRequest& request, Answer answer) override
+    [[nodiscard]] Cancellable chooseFolder(const FolderRequest& request, Answer answer) override
     {
         folderRequest = request;
-        m_answer = std::move(answer);
+        return open(std::move(answer));
     }
-    void chooseFile(const SaveRequest& request, Answer answer) override
+    [[nodiscard]] Cancellable chooseFile(const SaveRequest& request, Answer answer) override
     {
         saveRequest = request;
-        m_answer = std::move(answer);
+        return open(std::move(answer));
     }
 
     bool isOpen() const { return static_cast<bool>(m_answer); }
-    void choose(std::optional<std::filesystem::path> path) { std::exchange(m_answer, nullptr)(std::move(path)); }
+    // Does nothing when the question was taken back.
+    void choose(std::optional<std::filesystem::path> path)
+    {
+        if (const auto answer = std::exchange(m_answer, nullptr))
+            answer(std::move(path));
+    }
 
     std::optional<FolderRequest> folderRequest;
     std::optional<SaveRequest> saveRequest;
 
 private:
+    Cancellable open(Answer answer)
+    {
+        m_answer = std::move(answer);
+        return Cancellable(m_lifetime.unlessGone([this, number = ++m_lastNumber] {
+            if (number == m_lastNumber)
+                m_answer = nullptr;
+        }));
+    }
+
     Answer m_answer;
+    int m_lastNumber = 0;
+    Lifetime m_lifetime;
 };
 
 } // namespace orrinvale

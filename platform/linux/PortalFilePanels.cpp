@@ -9,6 +9,8 @@
 #include <QGuiApplication>
 #include <QUrl>
 
+#include <chrono>
+
 #include <unistd.h>
 
 namespace orrinvale
@@ -68,7 +70,7 @@ const auto service = QStringLiteral("org.freedesktop.portal.Desktop");
 const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto fileChooser = QStringLiteral("org.freedesktop.portal.FileChooser");
 const auto requestInterface = QStringLiteral("org.freedesktop.portal.Request");
-constexpr auto patience = 3000; // milliseconds until a portal that says nothing counts as missing
+constexpr auto patience = std::chrono::milliseconds(3000); // until a portal that says nothing counts as missing
 constexpr uint mimeType = 1;
 
 // As the portal names a parent; Wayland's needs an export that is not worth a protocol of its own here.
@@ -78,12 +80,17 @@ QString parentName(FilePanels::WindowId window)
     return isX11 && window ? QStringLiteral("x11:%1").arg(window, 0, 16) : QString();
 }
 
+QString tokenOf(int number)
+{
+    return QStringLiteral("orrinvale%1_%2").arg(::getpid()).arg(number);
+}
+
 // The path that a request of ours will have, so that its answer cannot be missed.
-QString requestPath(const QDBusConnection& bus, const QString& token)
+QString requestPath(const QDBusConnection& bus, int number)
 {
     auto sender = bus.baseService().mid(1);
     sender.replace(QLatin1Char('.'), QLatin1Char('_'));
-    return QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, token);
+    return QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, tokenOf(number));
 }
 
 std::optional<std::filesystem::path> chosenPath(const QDBusMessage& response)
@@ -107,60 +114,80 @@ PortalFilePanels::PortalFilePanels(const QDBusConnection& sessionBus, FilePanels
     qDBusRegisterMetaType<QList<PortalFilter>>();
 }
 
-void PortalFilePanels::chooseFolder(const FolderRequest& request, Answer answer)
+Cancellable PortalFilePanels::chooseFolder(const FolderRequest& request, Answer answer)
 {
     QVariantMap options;
     options[QStringLiteral("directory")] = true;
     options[QStringLiteral("accept_label")] = QString::fromStdString(request.prompt);
     // A byte array that ends with a zero.
     options[QStringLiteral("current_folder")] = QByteArray(request.folder.c_str(), request.folder.native().size() + 1);
-    ask(QStringLiteral("OpenFile"), QStringLiteral("Downloads Folder"), request.window, options, answer,
-        [this, request, answer] { m_otherwise.chooseFolder(request, answer); });
+    return ask(QStringLiteral("OpenFile"), QStringLiteral("Downloads Folder"), request.window, options, answer,
+               [this, request](Answer then) { return m_otherwise.chooseFolder(request, std::move(then)); });
 }
 
-void PortalFilePanels::chooseFile(const SaveRequest& request, Answer answer)
+Cancellable PortalFilePanels::chooseFile(const SaveRequest& request, Answer answer)
 {
     const PortalFilter filter{QString::fromStdString(request.contentType),
                               {{mimeType, QString::fromStdString(request.contentType)}}};
     QVariantMap options;
     options[QStringLiteral("current_name")] = QString::fromStdString(request.fileName);
     options[QStringLiteral("filters")] = QVariant::fromValue(QList<PortalFilter>{filter});
-    ask(QStringLiteral("SaveFile"), QStringLiteral("Export"), request.window, options, answer,
-        [this, request, answer] { m_otherwise.chooseFile(request, answer); });
+    return ask(QStringLiteral("SaveFile"), QStringLiteral("Export"), request.window, options, answer,
+               [this, request](Answer then) { return m_otherwise.chooseFile(request, std::move(then)); });
 }
 
-void PortalFilePanels::ask(const QString& method, const QString& title, WindowId window, QVariantMap options,
-                           Answer answer, std::function<void()> otherwise)
+Cancellable PortalFilePanels::ask(const QString& method, const QString& title, WindowId window, QVariantMap options,
+                                  Answer answer, Otherwise otherwise)
 {
     const auto number = ++m_lastNumber;
-    const auto token = QStringLiteral("orrinvale%1_%2").arg(::getpid()).arg(number);
-    options[QStringLiteral("handle_token")] = token;
+    options[QStringLiteral("handle_token")] = tokenOf(number);
     options[QStringLiteral("modal")] = true;
-    m_open[number] = {std::make_unique<DBusSignal>(m_bus, service, requestPath(m_bus, token), requestInterface,
+    m_open[number] = {std::make_unique<DBusSignal>(m_bus, service, requestPath(m_bus, number), requestInterface,
                                                    QStringLiteral("Response"),
                                                    [this, number](const auto& response) { finish(number, response); }),
-                      std::move(answer)};
+                      std::move(answer),
+                      {}};
     const auto call = QDBusMessage::createMethodCall(service, path, fileChooser, method)
                       << parentName(window) << title << options;
-    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, patience), this);
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, static_cast<int>(patience.count())), this);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, this,
                      [this, number, otherwise = std::move(otherwise)](QDBusPendingCallWatcher* finished) {
                          finished->deleteLater();
-                         if (finished->isError() && m_open.erase(number))
-                             otherwise();
+                         if (finished->isError())
+                             askTheOthers(number, otherwise);
                      });
+    return Cancellable(m_lifetime.unlessGone([this, number] { takeBack(number); }));
 }
 
 void PortalFilePanels::finish(int number, const QDBusMessage& response)
 {
-    const auto request = m_open.find(number);
-    if (request == m_open.end())
-        return;
-    // The signal's handler is running: it may not be destroyed by what it does.
-    auto taken = std::make_shared<Request>(std::move(request->second));
-    m_open.erase(request);
+    // In a turn of its own: the signal's handler is running, which may not be destroyed by what the answer does.
     QMetaObject::invokeMethod(
-        this, [taken, chosen = chosenPath(response)] { taken->answer(chosen); }, Qt::QueuedConnection);
+        this, [this, number, chosen = chosenPath(response)] { answer(number, chosen); }, Qt::QueuedConnection);
+}
+
+void PortalFilePanels::askTheOthers(int number, const Otherwise& otherwise)
+{
+    if (const auto request = m_open.find(number); request != m_open.end())
+        request->second.otherwise = otherwise([this, number](const auto& chosen) { answer(number, chosen); });
+}
+
+void PortalFilePanels::answer(int number, const std::optional<std::filesystem::path>& chosen)
+{
+    auto request = m_open.extract(number);
+    if (request.empty())
+        return;
+    request.mapped().otherwise.detach(); // its own answer is running
+    request.mapped().answer(chosen);
+}
+
+void PortalFilePanels::takeBack(int number)
+{
+    const auto request = m_open.extract(number);
+    if (request.empty() || request.mapped().otherwise)
+        return;
+    m_bus.send(
+        QDBusMessage::createMethodCall(service, requestPath(m_bus, number), requestInterface, QStringLiteral("Close")));
 }
 
 } // namespace orrinvale

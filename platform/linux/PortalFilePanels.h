@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Lifetime.h"
 #include "platform/FilePanels.h"
 #include "platform/linux/DBus.h"
 
@@ -20,23 +21,29 @@ class PortalFilePanels final : public QObject, public FilePanels
 public:
     PortalFilePanels(const QDBusConnection& sessionBus, FilePanels& otherwise);
 
-    void chooseFolder(const FolderRequest& request, Answer answer) override;
-    void chooseFile(const SaveRequest& request, Answer answer) override;
+    [[nodiscard]] Cancellable chooseFolder(const FolderRequest& request, Answer answer) override;
+    [[nodiscard]] Cancellable chooseFile(const SaveRequest& request, Answer answer) override;
 
 private:
-    void ask(const QString& method, const QString& title, WindowId window, QVariantMap options, Answer answer,
-             std::function<void()> otherwise);
+    using Otherwise = std::function<Cancellable(Answer)>;
+    Cancellable ask(const QString& method, const QString& title, WindowId window, QVariantMap options, Answer answer,
+                    Otherwise otherwise);
+    void askTheOthers(int number, const Otherwise& otherwise);
     void finish(int number, const QDBusMessage& response);
+    void answer(int number, const std::optional<std::filesystem::path>& chosen);
+    void takeBack(int number);
 
     struct Request {
         std::unique_ptr<DBusSignal> response;
         Answer answer;
+        Cancellable otherwise; // the question that the other panels were asked
     };
 
     QDBusConnection m_bus;
     FilePanels& m_otherwise;
     int m_lastNumber = 0;
     std::map<int, Request> m_open;
+    Lifetime m_lifetime;
 };
 
 } // namespace orrinvale

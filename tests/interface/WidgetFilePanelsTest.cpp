@@ -21,8 +21,8 @@ struct WidgetFilePanelsTest : InterfaceFixture {
     {
         return [this](std::optional<std::filesystem::path> path) { answers.push_back(std::move(path)); };
     }
-    void chooseFolder() { panels->chooseFolder({"Choose", folder.path, parent.winId()}, answer()); }
-    void chooseFile() { panels->chooseFile({"orrinvale-log.txt", "text/plain", parent.winId()}, answer()); }
+    void chooseFolder() { token = panels->chooseFolder({"Choose", folder.path, parent.winId()}, answer()); }
+    void chooseFile() { token = panels->chooseFile({"orrinvale-log.txt", "text/plain", parent.winId()}, answer()); }
     static QFileDialog* dialog()
     {
         for (auto* widget : QApplication::allWidgets())
@@ -36,6 +36,7 @@ struct WidgetFilePanelsTest : InterfaceFixture {
     QWidget parent;
     std::unique_ptr<WidgetFilePanels> panels = std::make_unique<WidgetFilePanels>();
     std::vector<std::optional<std::filesystem::path>> answers;
+    Cancellable token;
 };
 
 TEST_F(WidgetFilePanelsTest, AFolderIsChosenInADialogOverTheWindow)
@@ -93,7 +94,7 @@ TEST_F(WidgetFilePanelsTest, AFileIsSavedUnderTheSuggestedName)
 
 TEST_F(WidgetFilePanelsTest, AMissingFolderIsNoObstacle)
 {
-    panels->chooseFolder({"Choose", "/no/such/folder", 0}, answer());
+    token = panels->chooseFolder({"Choose", "/no/such/folder", 0}, answer());
     ASSERT_NE(dialog(), nullptr);
     dialog()->reject();
     settle();
@@ -110,11 +111,28 @@ TEST_F(WidgetFilePanelsTest, NothingIsAnsweredAfterTheirEnd)
     EXPECT_THAT(answers, IsEmpty());
 }
 
+TEST_F(WidgetFilePanelsTest, AQuestionTakenBackClosesItsDialog)
+{
+    chooseFolder();
+    token.cancel();
+    settle();
+    EXPECT_EQ(dialog(), nullptr);
+    EXPECT_THAT(answers, IsEmpty());
+}
+
+TEST_F(WidgetFilePanelsTest, AnAnswerMayDropItsToken)
+{
+    token = panels->chooseFolder({"Choose", folder.path, parent.winId()}, [this](const auto&) { token.cancel(); });
+    dialog()->reject();
+    settle();
+    EXPECT_EQ(dialog(), nullptr);
+}
+
 TEST_F(WidgetFilePanelsTest, ADialogEndsWithItsWindow)
 {
     auto window = std::make_unique<QWidget>();
     window->show();
-    panels->chooseFolder({"Choose", folder.path, window->winId()}, answer());
+    token = panels->chooseFolder({"Choose", folder.path, window->winId()}, answer());
     ASSERT_NE(dialog(), nullptr);
     window.reset();
     settle();

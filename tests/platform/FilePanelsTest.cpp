@@ -35,8 +35,8 @@ protected:
     {
         return [this](std::optional<Path> path) { m_answers.push_back(std::move(path)); };
     }
-    void chooseFolder() { m_panels->chooseFolder({"Choose", "/home/anna/Fïlme", 0}, answer()); }
-    void chooseFile() { m_panels->chooseFile({"orrinvale-log.txt", "text/plain", 0}, answer()); }
+    void chooseFolder() { m_tokens += m_panels->chooseFolder({"Choose", "/home/anna/Fïlme", 0}, answer()); }
+    void chooseFile() { m_tokens += m_panels->chooseFile({"orrinvale-log.txt", "text/plain", 0}, answer()); }
     bool areAnswered(std::size_t count = 1, std::chrono::milliseconds limit = 5s)
     {
         return waitFor([&] { return m_answers.size() >= count; }, limit);
@@ -51,6 +51,7 @@ protected:
     std::unique_ptr<PortalFilePanels> m_panels =
         std::make_unique<PortalFilePanels>(QDBusConnection::sessionBus(), m_others);
     std::vector<std::optional<Path>> m_answers;
+    Cancellables m_tokens;
 };
 
 TEST_F(PortalFilePanelsTest, AsksThePortalForOneFolder)
@@ -194,7 +195,7 @@ TEST_F(PortalFilePanelsTest, OneAnswerCounts)
 TEST_F(PortalFilePanelsTest, AnAnswerMayAskAgain)
 {
     start(choosing("file:///home/anna/Films"));
-    m_panels->chooseFolder({"Choose", "/home", 0}, [this](const auto&) { chooseFolder(); });
+    m_tokens += m_panels->chooseFolder({"Choose", "/home", 0}, [this](const auto&) { chooseFolder(); });
     ASSERT_TRUE(areAnswered());
     EXPECT_THAT(m_answers, ElementsAre(Path("/home/anna/Films")));
 }
@@ -203,7 +204,7 @@ TEST_F(PortalFilePanelsTest, AnAnswerMayEndThePanels)
 {
     start(choosing("file:///home/anna/Films"));
     bool isAnswered = false;
-    m_panels->chooseFolder({"Choose", "/home", 0}, [&](const auto&) {
+    m_tokens += m_panels->chooseFolder({"Choose", "/home", 0}, [&](const auto&) {
         m_panels.reset();
         isAnswered = true;
     });
@@ -219,6 +220,35 @@ TEST_F(PortalFilePanelsTest, NothingIsAnsweredAfterTheirEnd)
     m_panels.reset();
     runEventsFor(300ms);
     EXPECT_THAT(m_answers, IsEmpty());
+    EXPECT_FALSE(m_others.isOpen());
+}
+
+TEST_F(PortalFilePanelsTest, AQuestionTakenBackClosesThePortalsDialog)
+{
+    start({QStringLiteral("0"), QStringLiteral("0.3"), QStringLiteral("file:///home/anna/Films")});
+    chooseFolder();
+    waitFor([this] { return !m_portal->log().isEmpty(); });
+    m_tokens.clear();
+    EXPECT_TRUE(waitFor([this] { return m_portal->log().contains(QStringLiteral("Close")); }));
+    runEventsFor(400ms);
+    EXPECT_THAT(m_answers, IsEmpty());
+}
+
+TEST_F(PortalFilePanelsTest, AQuestionTakenBackIsTakenBackFromTheOtherPanels)
+{
+    chooseFolder();
+    ASSERT_TRUE(othersAreAsked());
+    m_tokens.clear();
+    EXPECT_FALSE(m_others.isOpen());
+    EXPECT_THAT(m_answers, IsEmpty());
+}
+
+TEST_F(PortalFilePanelsTest, AQuestionTakenBackEarlyIsNotPutToTheOthers)
+{
+    start({QStringLiteral("refuse")});
+    chooseFolder();
+    m_tokens.clear();
+    runEventsFor(300ms);
     EXPECT_FALSE(m_others.isOpen());
 }
 
