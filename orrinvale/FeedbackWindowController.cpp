@@ -6,6 +6,7 @@
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/FeedbackFailureWindow.h"
 #include "orrinvale/InstalledFiles.h"
+#include "orrinvale/ThemeLook.h"
 #include "platform/Appearance.h"
 #include "platform/Platform.h"
 

@@ -10,6 +10,7 @@
 #include "orrinvale/Shapes.h"
 #include "orrinvale/SymbolBadge.h"
 #include "orrinvale/TextLabel.h"
+#include "orrinvale/ThemeLook.h"
 #include "orrinvale/Typography.h"
 #include "orrinvale/WakeEngine.h"
 #include "platform/Appearance.h"

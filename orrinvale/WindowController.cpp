@@ -4,6 +4,7 @@
 
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/ApplicationIcon.h"
+#include "orrinvale/ThemeLook.h"
 #include "orrinvale/WindowPlacement.h"
 #include "platform/Appearance.h"
 #include "platform/Platform.h"

@@ -26,6 +26,7 @@
 #include <QEvent>
 #include <QEventLoop>
 #include <QImage>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTimer>
 

@@ -16,6 +16,7 @@
 #include "orrinvale/StatusIcon.h"
 #include "orrinvale/StatusPopoverViewController.h"
 #include "orrinvale/TextField.h"
+#include "orrinvale/ThemeLook.h"
 #include "orrinvale/WakeEngine.h"
 #include "platform/fake/FakeFilePanels.h"
 #include "platform/fake/FakePlatform.h"
@@ -27,6 +28,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPixmap>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
 #include <QThread>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/Look.h"
+#include "orrinvale/Colours.h"
 
 #include "tests/interface/InterfaceFixture.h"
 
@@ -9,26 +9,6 @@ namespace orrinvale
 
 namespace
 {
-
-struct LookTest : InterfaceFixture {
-    Look lookWith(AppTheme theme, bool systemIsDark)
-    {
-        fake.appearance.systemIsDark = systemIsDark;
-        settings().appTheme.set(theme);
-        settings().applyTheme();
-        return lookOf(settings());
-    }
-};
-
-TEST_F(LookTest, TheFourThemesGiveThreeLooks)
-{
-    for (const auto systemIsDark : {false, true}) {
-        EXPECT_EQ(lookWith(AppTheme::light, systemIsDark), Look::light);
-        EXPECT_EQ(lookWith(AppTheme::dark, systemIsDark), Look::dark);
-        EXPECT_EQ(lookWith(AppTheme::sakura, systemIsDark), Look::sakura);
-        EXPECT_EQ(lookWith(AppTheme::system, systemIsDark), systemIsDark ? Look::dark : Look::light);
-    }
-}
 
 TEST(Colours, ComponentsAreOfTheFullScaleAndOpaque)
 {
