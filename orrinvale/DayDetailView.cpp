@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/DayDetailView.h"
 
+#include "orrinvale/ActivityPalette.h"
 #include "orrinvale/AdaptiveView.h"
 #include "orrinvale/DayDetail.h"
 #include "orrinvale/HourBarChartView.h"

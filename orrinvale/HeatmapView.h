@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "orrinvale/ActivityPalette.h"
 #include "orrinvale/HeatmapLayout.h"
 #include "orrinvale/WindowPalette.h"
 

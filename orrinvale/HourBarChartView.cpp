@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/HourBarChartView.h"
 
+#include "orrinvale/ActivityPalette.h"
 #include "orrinvale/DayDetail.h"
 #include "orrinvale/HourBars.h"
 #include "orrinvale/Shapes.h"

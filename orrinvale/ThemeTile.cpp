@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/ThemeTile.h"
 
+#include "orrinvale/ActivityPalette.h"
 #include "orrinvale/Shapes.h"
 #include "orrinvale/WindowText.h"
 

@@ -5,8 +5,6 @@
 #include "orrinvale/Colours.h"
 #include "orrinvale/Look.h"
 
-#include <array>
-
 namespace orrinvale
 {
 
@@ -43,19 +41,5 @@ struct WindowPalette {
 
     static const WindowPalette& of(Look look);
 };
-
-// The colours of the activity views, by the flags that the views keep.
-struct ActivityPalette {
-    std::array<QColor, 5> levels;
-    QColor selectionRing;
-    QColor bar;
-    QColor appName;
-    QColor appTime;
-
-    static ActivityPalette of(bool isDark, bool isSakura);
-};
-
-// sakura whenever `isSakura`.
-Look lookOf(bool isDark, bool isSakura);
 
 } // namespace orrinvale

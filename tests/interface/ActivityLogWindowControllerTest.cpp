@@ -5,6 +5,7 @@
 #include "base/AtomicFile.h"
 #include "base/Timestamp.h"
 #include "orrinvale/ActivityLogView.h"
+#include "orrinvale/ActivityPalette.h"
 #include "orrinvale/DayDetailView.h"
 #include "orrinvale/HeatmapView.h"
 #include "orrinvale/WindowButton.h"

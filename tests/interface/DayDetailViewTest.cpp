@@ -3,6 +3,7 @@
 #include "orrinvale/DayDetailView.h"
 
 #include "base/Timestamp.h"
+#include "orrinvale/ActivityPalette.h"
 #include "orrinvale/HourBarChartView.h"
 #include "tests/interface/WindowFixture.h"
 

@@ -3,6 +3,7 @@
 #include "orrinvale/HeatmapView.h"
 
 #include "base/Timestamp.h"
+#include "orrinvale/ActivityPalette.h"
 #include "tests/interface/WindowFixture.h"
 
 #include <QFontMetricsF>
