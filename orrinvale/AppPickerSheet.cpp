@@ -32,7 +32,7 @@ constexpr auto leastButton = 80;
 } // namespace
 
 AppPickerSheet::AppPickerSheet(const Platform& platform, std::string locale, Look look, QWidget* content)
-    : Sheet(platform, largestCard, content), m_picker(platform, std::move(locale)),
+    : Sheet(platform.mainQueue, platform.appearance, largestCard, content), m_picker(platform, std::move(locale)),
       m_head(new TextLabel(&card(), Qt::ElideRight)),
       m_search(new TextField(QStringLiteral("Search apps…"), windowText::rowTitle, &card())),
       m_list(new AppPickerList(m_picker, platform.mainQueue, &card())),

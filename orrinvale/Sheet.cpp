@@ -6,7 +6,6 @@
 #include "orrinvale/PaintedButton.h"
 #include "orrinvale/Shapes.h"
 #include "platform/Appearance.h"
-#include "platform/Platform.h"
 
 #include <QEvent>
 #include <QGraphicsOpacityEffect>
@@ -67,9 +66,10 @@ protected:
     }
 };
 
-Sheet::Sheet(const Platform& platform, const QSize& largestCard, QWidget* content)
-    : QWidget(content), m_platform(platform), m_largestCard(largestCard), m_card(new Card(this)),
-      m_focusBefore(content->window()->focusWidget()), m_focusReason(reasonToReturn(m_focusBefore))
+Sheet::Sheet(MainQueue& mainQueue, const Appearance& appearance, const QSize& largestCard, QWidget* content)
+    : QWidget(content), m_mainQueue(mainQueue), m_appearance(appearance), m_largestCard(largestCard),
+      m_card(new Card(this)), m_focusBefore(content->window()->focusWidget()),
+      m_focusReason(reasonToReturn(m_focusBefore))
 {
     setAttribute(Qt::WA_NoMousePropagation);
     content->installEventFilter(this);
@@ -137,10 +137,10 @@ void Sheet::resizeEvent(QResizeEvent*)
 void Sheet::fade(Fade direction)
 {
     const auto isIn = direction == Fade::in;
-    if (m_platform.appearance.reducesMotion() || !isVisible())
+    if (m_appearance.reducesMotion() || !isVisible())
         return showFade(isIn ? fadeSteps : 0);
     setOpacity(double(m_fadeStep) / fadeSteps);
-    m_fade = m_platform.mainQueue.every(fadeStep, [this, isIn] { showFade(m_fadeStep + (isIn ? 1 : -1)); });
+    m_fade = m_mainQueue.every(fadeStep, [this, isIn] { showFade(m_fadeStep + (isIn ? 1 : -1)); });
 }
 
 void Sheet::showFade(int step)

@@ -12,7 +12,8 @@
 namespace orrinvale
 {
 
-struct Platform;
+class Appearance;
+class MainQueue;
 
 // A card over the content of a window, which is dimmed and kept from the mouse. It fades in, and when it is dismissed
 // gives the focus back, fades out and deletes itself. Main thread.
@@ -27,7 +28,7 @@ public:
     double opacity() const { return m_opacity; }
 
 protected:
-    Sheet(const Platform& platform, const QSize& largestCard, QWidget* content);
+    Sheet(MainQueue& mainQueue, const Appearance& appearance, const QSize& largestCard, QWidget* content);
     ~Sheet() override;
 
     // To be called once, when everything is on the card.
@@ -52,7 +53,8 @@ private:
     void showFade(int step);
     void setOpacity(double opacity);
 
-    const Platform& m_platform;
+    MainQueue& m_mainQueue;
+    const Appearance& m_appearance;
     QSize m_largestCard;
     Card* m_card;
     Look m_look = Look::light;
