@@ -3,6 +3,9 @@
 #include "orrinvale/Accessibility.h"
 
 #include "orrinvale/AppPickerSheet.h"
+#include "orrinvale/ContinuousSlider.h"
+#include "orrinvale/HeatmapAccessibility.h"
+#include "orrinvale/HeatmapView.h"
 #include "orrinvale/HourBarChartView.h"
 #include "orrinvale/ModeToggleControl.h"
 #include "orrinvale/Popover.h"
@@ -58,6 +61,10 @@ QAccessibleInterface* make(const QString&, QObject* object)
         return new QAccessibleWidget(sheet, QAccessible::Dialog);
     if (auto* chart = qobject_cast<HourBarChartView*>(object))
         return new QAccessibleWidget(chart, QAccessible::Chart);
+    if (auto* heatmap = qobject_cast<HeatmapView*>(object))
+        return accessibleHeatmap(heatmap);
+    if (auto* slider = qobject_cast<ContinuousSlider*>(object))
+        return accessibleSlider(slider);
     return nullptr;
 }
 

@@ -45,17 +45,15 @@ private:
     ContinuousSlider* slider() const { return static_cast<ContinuousSlider*>(object()); }
 };
 
-QAccessibleInterface* makeInterface(const QString&, QObject* object)
-{
-    auto* slider = qobject_cast<ContinuousSlider*>(object);
-    return slider ? new SliderInterface(slider) : nullptr;
-}
-
 } // namespace
+
+QAccessibleInterface* accessibleSlider(ContinuousSlider* slider)
+{
+    return new SliderInterface(slider);
+}
 
 ContinuousSlider::ContinuousSlider(QWidget* parent) : QWidget(parent)
 {
-    QAccessible::installFactory(makeInterface);
     setFocusPolicy(Qt::StrongFocus);
 }
 

@@ -8,6 +8,8 @@
 
 #include <functional>
 
+class QAccessibleInterface;
+
 namespace orrinvale
 {
 
@@ -51,5 +53,8 @@ private:
     double m_grip = 0; // from the knob's middle to where the mouse holds it
     bool m_showsFocusRing = false;
 };
+
+// What assistive technology reads and moves it by; the caller owns it.
+QAccessibleInterface* accessibleSlider(ContinuousSlider* slider);
 
 } // namespace orrinvale

@@ -123,17 +123,11 @@ private:
     mutable std::map<int, QAccessible::Id> m_days;
 };
 
-QAccessibleInterface* makeInterface(const QString&, QObject* object)
-{
-    auto* view = qobject_cast<HeatmapView*>(object);
-    return view ? new HeatmapInterface(view) : nullptr;
-}
-
 } // namespace
 
-void installHeatmapAccessibility()
+QAccessibleInterface* accessibleHeatmap(HeatmapView* view)
 {
-    QAccessible::installFactory(makeInterface); // the same one is kept once
+    return new HeatmapInterface(view);
 }
 
 } // namespace orrinvale

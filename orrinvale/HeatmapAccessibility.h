@@ -2,10 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+class QAccessibleInterface;
+
 namespace orrinvale
 {
 
-// Lets assistive technology see the days of every heatmap as children of its own. May be called again.
-void installHeatmapAccessibility();
+class HeatmapView;
+
+// A table whose children are the heatmap's days, for assistive technology; the caller owns it.
+QAccessibleInterface* accessibleHeatmap(HeatmapView* view);
 
 } // namespace orrinvale

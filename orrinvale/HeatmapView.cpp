@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/HeatmapView.h"
 
-#include "orrinvale/HeatmapAccessibility.h"
 #include "orrinvale/LocalCalendar.h"
 #include "orrinvale/PaintedButton.h"
 #include "orrinvale/Shapes.h"
@@ -73,7 +72,6 @@ std::optional<HeatmapMove> moveOf(int key)
 HeatmapView::HeatmapView(const Clock& clock, const LocalCalendar& calendar, QWidget* parent)
     : QWidget(parent), m_clock(clock), m_calendar(calendar), m_selectedDate(clock.now())
 {
-    installHeatmapAccessibility();
     setAccessibleName(QStringLiteral("Activity"));
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
