@@ -4,7 +4,6 @@
 
 #include "orrinvale/FocusRing.h"
 #include "orrinvale/OverlayScrollArea.h"
-#include "orrinvale/PointList.h"
 #include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowButton.h"
 #include "orrinvale/WindowText.h"
@@ -71,9 +70,9 @@ QAbstractSlider::SliderAction scrollingOf(int key)
 
 } // namespace
 
-const std::array<OnboardingView::Point, 3>& OnboardingView::points()
+const std::array<PointList::Point, 3>& OnboardingView::points()
 {
-    static const std::array<Point, 3> points{{
+    static const std::array<PointList::Point, 3> points{{
         {QStringLiteral("bolt.fill"), QStringLiteral("Keeps your Mac awake when it matters"),
          QStringLiteral("orrinvale watches for active downloads, sustained CPU load (builds, renders, exports), and "
                         "calls in apps like Zoom or Teams — and only then prevents sleep.")},
@@ -90,7 +89,7 @@ const std::array<OnboardingView::Point, 3>& OnboardingView::points()
 
 OnboardingView::OnboardingView()
     : m_colours(&WindowPalette::of(Look::light)), m_heading(new TextLabel(this)), m_introduction(new TextLabel(this)),
-      m_scrollArea(new OverlayScrollArea(this)), m_points(new PointList(nullptr)), m_fade(new Fade(this)),
+      m_scrollArea(new OverlayScrollArea(this)), m_points(new PointList(points(), nullptr)), m_fade(new Fade(this)),
       m_button(new WindowButton(QStringLiteral("Get Started"), WindowButton::Kind::Default, this))
 {
     m_heading->setContent(QStringLiteral("Welcome to orrinvale"));

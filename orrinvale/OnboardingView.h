@@ -2,13 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "orrinvale/WindowPalette.h"
+#include "orrinvale/PointList.h"
 
 #include <QWidget>
 
 #include <array>
 #include <functional>
-#include <vector>
 
 namespace orrinvale
 {
@@ -23,12 +22,7 @@ class OnboardingView final : public QWidget
     Q_OBJECT
 
 public:
-    struct Point {
-        QString icon; // a symbol
-        QString title;
-        QString body;
-    };
-    static const std::array<Point, 3>& points();
+    static const std::array<PointList::Point, 3>& points();
 
     OnboardingView();
 
@@ -55,7 +49,7 @@ private:
     TextLabel* m_heading;
     TextLabel* m_introduction;
     OverlayScrollArea* m_scrollArea;
-    class PointList* m_points;
+    PointList* m_points;
     QWidget* m_fade; // over the last points that show
     WindowButton* m_button;
 };

@@ -26,10 +26,10 @@ constexpr auto pointGap = 28;
 
 } // namespace
 
-PointList::PointList(QWidget* parent) : QWidget(parent)
+PointList::PointList(std::span<const Point> points, QWidget* parent) : QWidget(parent)
 {
-    for (const auto& point : OnboardingView::points()) {
-        const Labels labels{new TextLabel(this), new TextLabel(this)};
+    for (const auto& point : points) {
+        const Labels labels{point.icon, new TextLabel(this), new TextLabel(this)};
         labels.title->setContent(point.title);
         labels.body->setContent(point.body);
         m_labels.push_back(labels);
@@ -86,12 +86,11 @@ void PointList::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(m_colours.symbolWash);
-    for (std::size_t i = 0; i < m_labels.size(); ++i) {
-        const QRectF badge(0, m_labels[i].title->y(), badgeSize, badgeSize);
+    for (const auto& point : m_labels) {
+        const QRectF badge(0, point.title->y(), badgeSize, badgeSize);
         painter.drawRoundedRect(badge, badgeRadius, badgeRadius);
         constexpr auto inset = (badgeSize - symbolSize) / 2.0;
-        paintSymbol(painter, OnboardingView::points()[i].icon, badge.adjusted(inset, inset, -inset, -inset),
-                    m_colours.symbol);
+        paintSymbol(painter, point.icon, badge.adjusted(inset, inset, -inset, -inset), m_colours.symbol);
     }
 }
 

@@ -2,23 +2,37 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "orrinvale/OnboardingView.h"
+#include "orrinvale/WindowPalette.h"
+
+#include <QWidget>
+
+#include <span>
+#include <vector>
 
 namespace orrinvale
 {
 
-// The points of the onboarding, one below the other: a symbol on a badge, and title and body beside it.
+class TextLabel;
+
+// Points of an argument, one below the other: a symbol on a badge, and title and body beside it.
 class PointList final : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit PointList(QWidget* parent);
+    struct Point {
+        QString icon; // a symbol
+        QString title;
+        QString body;
+    };
+
+    PointList(std::span<const Point> points, QWidget* parent);
 
     void applyTheme(const WindowPalette& colours);
     int heightFor(int width) const;
 
     struct Labels {
+        QString icon;
         TextLabel* title;
         TextLabel* body;
     };

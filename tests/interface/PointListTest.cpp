@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/PointList.h"
 
+#include "orrinvale/OnboardingView.h"
 #include "orrinvale/Symbols.h"
 #include "tests/interface/WindowFixture.h"
 
@@ -21,7 +22,7 @@ struct PointListTest : InterfaceFixture {
         list.resize(width, list.heightFor(width));
         list.show();
     }
-    PointList list{nullptr};
+    PointList list{OnboardingView::points(), nullptr};
 };
 
 TEST_F(PointListTest, ShowsTitleAndBodyOfEachPoint)
