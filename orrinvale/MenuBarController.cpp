@@ -85,10 +85,10 @@ void MenuBarController::handleClick()
 void MenuBarController::comeForward()
 {
     if (!m_popover)
-        openPopover(PopoverAnchor());
+        openPopover(StatusItemAnchor());
 }
 
-void MenuBarController::openPopover(const PopoverAnchor& anchor)
+void MenuBarController::openPopover(const StatusItemAnchor& anchor)
 {
     m_popoverViewController = new StatusPopoverViewController(m_engine, m_settings, m_platform);
     wireRows();

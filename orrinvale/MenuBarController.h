@@ -50,7 +50,7 @@ public:
 
 private:
     void drawIcon(const WakeState& state);
-    void openPopover(const PopoverAnchor& anchor);
+    void openPopover(const StatusItemAnchor& anchor);
     void closePopover();
     void wireRows();
     void changeMode(WakeMode mode);

@@ -36,7 +36,7 @@ bool hasPopupGrab()
     return !QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
 }
 
-QScreen* screenOf(const PopoverAnchor& anchor)
+QScreen* screenOf(const StatusItemAnchor& anchor)
 {
     const auto point = anchor.icon ? anchor.icon->center() : anchor.pointer.value_or(QPoint());
     auto* screen = anchor.icon || anchor.pointer ? QGuiApplication::screenAt(point) : nullptr;
@@ -85,7 +85,7 @@ void Popover::fitHeight(int available)
         m_layer->resize(size());
 }
 
-void Popover::showAt(const PopoverAnchor& anchor)
+void Popover::showAt(const StatusItemAnchor& anchor)
 {
     if (canAskForLayerSurface())
         openLayer(anchor);
@@ -93,7 +93,7 @@ void Popover::showAt(const PopoverAnchor& anchor)
         showInDesktop(anchor);
 }
 
-void Popover::openLayer(const PopoverAnchor& anchor)
+void Popover::openLayer(const StatusItemAnchor& anchor)
 {
     setWindowFlags(popoverFlags | Qt::BypassWindowManagerHint);
     auto* screen = screenOf(anchor);
@@ -121,7 +121,7 @@ void Popover::openLayer(const PopoverAnchor& anchor)
     m_layer = openLayerSurface(*windowHandle(), anchor.pointer ? screen : nullptr, client);
 }
 
-void Popover::showInDesktop(const PopoverAnchor& anchor)
+void Popover::showInDesktop(const StatusItemAnchor& anchor)
 {
     const auto* screen = screenOf(anchor);
     const auto available = m_availableGeometry(*screen);

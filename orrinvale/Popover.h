@@ -37,7 +37,7 @@ public:
     void setColours(const Colours& colours);
     void closeByOwner();
     // At once, or on Wayland when the compositor has given it its place.
-    void showAt(const PopoverAnchor& anchor);
+    void showAt(const StatusItemAnchor& anchor);
     void setVisible(bool isVisible) override;
     // The visible part, without the shadow around it; in this window's coordinates.
     QRect body() const;
@@ -59,8 +59,8 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
-    void openLayer(const PopoverAnchor& anchor);
-    void showInDesktop(const PopoverAnchor& anchor);
+    void openLayer(const StatusItemAnchor& anchor);
+    void showInDesktop(const StatusItemAnchor& anchor);
     void present();
     void end(Closing closing);
     void tellClosed();

@@ -51,7 +51,7 @@ int popoverHeight(int contentHeight, int availableHeight)
     return std::min({contentHeight, PopoverLayout::height, availableHeight - 2 * screenMargin});
 }
 
-QPoint popoverPosition(const PopoverAnchor& anchor, const QSize& size, const QRect& screen, const QRect& available)
+QPoint popoverPosition(const StatusItemAnchor& anchor, const QSize& size, const QRect& screen, const QRect& available)
 {
     if (anchor.icon)
         return clampedInto(besideIcon(*anchor.icon, size, screen), size, available);
@@ -60,7 +60,7 @@ QPoint popoverPosition(const PopoverAnchor& anchor, const QSize& size, const QRe
     return clampedInto(panelCorner(size, screen, available), size, available);
 }
 
-LayerPlacement popoverLayerPlacement(const PopoverAnchor& anchor, int contentHeight, const QRect& screen,
+LayerPlacement popoverLayerPlacement(const StatusItemAnchor& anchor, int contentHeight, const QRect& screen,
                                      int availableHeight)
 {
     constexpr auto width = PopoverLayout::width;
@@ -80,18 +80,6 @@ LayerPlacement popoverLayerPlacement(const PopoverAnchor& anchor, int contentHei
     return {{width, popoverHeight(contentHeight, availableHeight - panel)},
             (isAtBottom ? Qt::BottomEdge : Qt::TopEdge) | (isAtRight ? Qt::RightEdge : Qt::LeftEdge),
             {isAtRight ? 0 : left, isAtBottom ? 0 : away, isAtRight ? right : 0, isAtBottom ? away : 0}};
-}
-
-bool isPlausibleClick(const QPoint& click, const QRect& desktop)
-{
-    constexpr auto largestIcon = 64;
-    return desktop.contains(click) && (click.x() >= largestIcon || click.y() >= largestIcon);
-}
-
-bool isPlausibleIcon(const QRect& icon, const QRect& desktop)
-{
-    constexpr auto undocked = QRect(0, 0, 22, 22); // what Qt tells of an icon that no tray has taken
-    return !icon.isEmpty() && desktop.contains(icon.center()) && icon != undocked;
 }
 
 } // namespace orrinvale

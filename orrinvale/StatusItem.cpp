@@ -135,10 +135,10 @@ void StatusItem::showToolTip()
         m_embedded->setToolTip(QStringLiteral("<qt>%1</qt>").arg(m_toolTip.toHtmlEscaped())); // else it might be markup
 }
 
-PopoverAnchor StatusItem::anchor() const
+StatusItemAnchor StatusItem::anchor() const
 {
     const auto desktop = QGuiApplication::primaryScreen()->virtualGeometry();
-    PopoverAnchor anchor;
+    StatusItemAnchor anchor;
     if (isOnX11()) {
         anchor.pointer = QCursor::pos();
         const auto geometry = m_embedded ? m_embedded->geometry() : QRect();

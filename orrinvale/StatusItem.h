@@ -3,7 +3,7 @@
 #pragma once
 
 #include "base/Cancellable.h"
-#include "orrinvale/PopoverPlacement.h"
+#include "orrinvale/StatusItemAnchor.h"
 
 #include <QIcon>
 #include <QObject>
@@ -33,7 +33,7 @@ public:
     void setIcon(const QIcon& icon);
     // Plain text.
     void setToolTip(const QString& text);
-    PopoverAnchor anchor() const;
+    StatusItemAnchor anchor() const;
     QIcon icon() const { return m_icon; }
     QString toolTip() const { return m_toolTip; }
 

@@ -96,7 +96,7 @@ TEST(PopoverHeight, IsThatOfTheContentUpToItsMostAndToTheRoomOnTheScreen)
     EXPECT_EQ(popoverHeight(900, 600), 584);
 }
 
-LayerPlacement inLayer(const PopoverAnchor& anchor, int availableHeight = 1050, const QRect& on = screen)
+LayerPlacement inLayer(const StatusItemAnchor& anchor, int availableHeight = 1050, const QRect& on = screen)
 {
     return popoverLayerPlacement(anchor, popover.height(), on, availableHeight);
 }
@@ -143,30 +143,6 @@ TEST(PopoverLayerPlacement, CountsFromTheScreenOfTheClick)
     const QRect right(1920, 200, 1280, 1024);
     EXPECT_EQ(inLayer({{}, QPoint(1920 + 300, 1200)}, 1000, right),
               (LayerPlacement{popover, Qt::BottomEdge | Qt::LeftEdge, {300 - 170, 0, 0, 4}}));
-}
-
-TEST(PlausibleClick, IsOneOnTheDesktopAndNotOneInTheIcon)
-{
-    const QRect desktop(0, 0, 3200, 1080);
-    EXPECT_TRUE(isPlausibleClick({1800, 12}, desktop));
-    EXPECT_TRUE(isPlausibleClick({12, 1070}, desktop)) << "at the foot of a panel on the left";
-    EXPECT_FALSE(isPlausibleClick({9, 12}, desktop)) << "where in the icon it was";
-    EXPECT_FALSE(isPlausibleClick({63, 63}, desktop)) << "in a large one";
-    EXPECT_FALSE(isPlausibleClick({0, 0}, desktop));
-    EXPECT_FALSE(isPlausibleClick({3200, 12}, desktop));
-    EXPECT_FALSE(isPlausibleClick({-5, 500}, desktop));
-}
-
-TEST(PlausibleIcon, IsOneOnTheDesktop)
-{
-    const QRect desktop(0, 0, 3200, 1080);
-    EXPECT_TRUE(isPlausibleIcon({1800, 2, 22, 22}, desktop));
-    EXPECT_TRUE(isPlausibleIcon({0, 0, 24, 24}, desktop)) << "a real one in the corner";
-    EXPECT_FALSE(isPlausibleIcon({0, 0, 22, 22}, desktop)) << "one that no tray has taken";
-    EXPECT_FALSE(isPlausibleIcon({}, desktop));
-    EXPECT_FALSE(isPlausibleIcon({100, 100, 0, 22}, desktop));
-    EXPECT_FALSE(isPlausibleIcon({3300, 2, 22, 22}, desktop));
-    EXPECT_FALSE(isPlausibleIcon({-40, 2, 22, 22}, desktop));
 }
 
 } // namespace
