@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/TextLabel.h"
 
+#include "orrinvale/UnicodeText.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QTextLayout>
-
-#include <unicode/uchar.h>
 
 #include <cmath>
 #include <utility>
@@ -32,7 +32,7 @@ QList<QTextLayout::FormatRange> emojiRanges(const QString& text, QFont font)
         const auto length = QChar::requiresSurrogates(character) ? 2 : 1;
         if (character == emojiPresentation && at > 0)
             ranges.append({previous, at + length - previous, format});
-        else if (u_hasBinaryProperty(static_cast<UChar32>(character), UCHAR_EMOJI_PRESENTATION))
+        else if (isPicture(character))
             ranges.append({at, length, format});
         previous = std::exchange(at, at + length);
     }

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include <unicode/uchar.h>
 #include <unicode/ustring.h>
 
 namespace orrinvale
@@ -31,6 +32,11 @@ std::string utf8(std::u16string_view utf16)
                        static_cast<std::int32_t>(utf16.size()), replacement, nullptr, &error);
     text.resize(U_FAILURE(error) ? 0 : static_cast<std::size_t>(length));
     return text;
+}
+
+bool isPicture(char32_t character)
+{
+    return u_hasBinaryProperty(static_cast<UChar32>(character), UCHAR_EMOJI_PRESENTATION);
 }
 
 } // namespace orrinvale

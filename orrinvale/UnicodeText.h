@@ -12,4 +12,7 @@ namespace orrinvale
 std::u16string utf16(std::string_view utf8);
 std::string utf8(std::u16string_view utf16);
 
+// Whether the character is a picture by itself (Emoji_Presentation of Unicode).
+bool isPicture(char32_t character);
+
 } // namespace orrinvale
