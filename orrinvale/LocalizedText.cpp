@@ -3,7 +3,7 @@
 #include "orrinvale/LocalizedText.h"
 
 #include "base/Fatal.h"
-#include "orrinvale/UnicodeText.h"
+#include "text/UnicodeText.h"
 
 #include <memory>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/TextLabel.h"
 
-#include "orrinvale/UnicodeText.h"
+#include "text/UnicodeText.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
