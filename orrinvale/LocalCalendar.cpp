@@ -3,8 +3,8 @@
 #include "orrinvale/LocalCalendar.h"
 
 #include "base/Fatal.h"
-#include "orrinvale/UserLocale.h"
 #include "text/UnicodeText.h"
+#include "text/UserLocale.h"
 
 #include <map>
 

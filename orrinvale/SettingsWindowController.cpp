@@ -3,7 +3,7 @@
 #include "orrinvale/SettingsWindowController.h"
 
 #include "orrinvale/AppPickerSheet.h"
-#include "orrinvale/UserLocale.h"
+#include "text/UserLocale.h"
 
 namespace orrinvale
 {

@@ -3,7 +3,7 @@
 #include "orrinvale/LocalCalendar.h"
 
 #include "base/Timestamp.h"
-#include "orrinvale/UserLocale.h"
+#include "text/UserLocale.h"
 
 #include <gtest/gtest.h>
 

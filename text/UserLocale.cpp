@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/UserLocale.h"
+#include "text/UserLocale.h"
 
 #include <array>
 #include <cstdlib>
