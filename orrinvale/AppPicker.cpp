@@ -5,10 +5,10 @@
 #include "base/MainQueue.h"
 #include "base/SerialQueue.h"
 #include "orrinvale/CustomProcess.h"
-#include "orrinvale/LocalizedText.h"
 #include "platform/InstalledApplications.h"
 #include "platform/Platform.h"
 #include "platform/RunningApplications.h"
+#include "text/LocalizedText.h"
 
 #include <algorithm>
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/InstalledApp.h"
 
-#include "orrinvale/LocalizedText.h"
 #include "platform/InstalledApplications.h"
 #include "platform/RunningApplications.h"
+#include "text/LocalizedText.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/LocalizedText.h"
+#include "text/LocalizedText.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
