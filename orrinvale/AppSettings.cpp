@@ -4,11 +4,11 @@
 
 #include "base/ConsoleLine.h"
 #include "base/Fatal.h"
-#include "orrinvale/LocalCalendar.h"
 #include "platform/Appearance.h"
 #include "platform/ApplicationSupport.h"
 #include "platform/LoginItem.h"
 #include "platform/Platform.h"
+#include "text/LocalCalendar.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/AppUsageTracker.h"
 
-#include "orrinvale/LocalCalendar.h"
 #include "platform/Platform.h"
 #include "platform/SessionEvents.h"
+#include "text/LocalCalendar.h"
 
 namespace orrinvale
 {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/DayDetail.h"
 
-#include "orrinvale/LocalCalendar.h"
+#include "text/LocalCalendar.h"
 
 #include <algorithm>
 #include <numeric>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/HeatmapLayout.h"
 
-#include "orrinvale/LocalCalendar.h"
+#include "text/LocalCalendar.h"
 
 #include <algorithm>
 #include <map>

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/HeatmapView.h"
 
-#include "orrinvale/LocalCalendar.h"
 #include "orrinvale/PaintedButton.h"
 #include "orrinvale/Shapes.h"
 #include "orrinvale/TextLabel.h"
 #include "orrinvale/Typography.h"
+#include "text/LocalCalendar.h"
 
 #include <QAccessible>
 #include <QHelpEvent>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/LogExport.h"
 
-#include "orrinvale/LocalCalendar.h"
+#include "text/LocalCalendar.h"
 
 #include <fmt/format.h>
 

@@ -4,7 +4,6 @@
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/ApplicationPalette.h"
 #include "orrinvale/LayerSurface.h"
-#include "orrinvale/LocalCalendar.h"
 #include "orrinvale/WidgetFilePanels.h"
 #include "orrinvale/WidgetInterface.h"
 #include "platform/linux/Compositing.h"
@@ -13,6 +12,7 @@
 #include "platform/linux/PortalFilePanels.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/TerminationSignals.h"
+#include "text/LocalCalendar.h"
 
 #include <QApplication>
 

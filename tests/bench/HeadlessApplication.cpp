@@ -3,10 +3,10 @@
 #include "orrinvale/AppDelegate.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/ApplicationInterface.h"
-#include "orrinvale/LocalCalendar.h"
 #include "orrinvale/WakeEngine.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/TerminationSignals.h"
+#include "text/LocalCalendar.h"
 
 #include <QCoreApplication>
 #include <QSocketNotifier>

@@ -3,10 +3,10 @@
 #include "orrinvale/AppDelegate.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/ApplicationInterface.h"
-#include "orrinvale/LocalCalendar.h"
 #include "orrinvale/WakeEngine.h"
 #include "platform/fake/FakePlatform.h"
 #include "tests/bench/Bench.h"
+#include "text/LocalCalendar.h"
 
 #include <cstdlib>
 #include <random>

@@ -7,7 +7,6 @@
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/ContinuousSlider.h"
 #include "orrinvale/HeatmapView.h"
-#include "orrinvale/LocalCalendar.h"
 #include "orrinvale/MenuBarController.h"
 #include "orrinvale/Popover.h"
 #include "orrinvale/SensitivityRow.h"
@@ -21,6 +20,7 @@
 #include "tests/bench/Bench.h"
 #include "tests/bench/RealParts.h"
 #include "tests/shots/History.h"
+#include "text/LocalCalendar.h"
 
 #include <QApplication>
 #include <QEvent>

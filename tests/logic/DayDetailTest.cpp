@@ -4,7 +4,7 @@
 
 #include "base/Timestamp.h"
 #include "orrinvale/HourBars.h"
-#include "orrinvale/LocalCalendar.h"
+#include "text/LocalCalendar.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 #include "orrinvale/HeatmapLayout.h"
 
 #include "base/Timestamp.h"
-#include "orrinvale/LocalCalendar.h"
+#include "text/LocalCalendar.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "orrinvale/AppSettings.h"
-#include "orrinvale/LocalCalendar.h"
 #include "platform/fake/FakePlatform.h"
+#include "text/LocalCalendar.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

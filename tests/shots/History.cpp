@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/shots/History.h"
 
-#include "orrinvale/LocalCalendar.h"
+#include "text/LocalCalendar.h"
 
 #include <random>
 

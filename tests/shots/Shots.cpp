@@ -9,7 +9,6 @@
 #include "orrinvale/FeedbackFailureWindow.h"
 #include "orrinvale/FeedbackView.h"
 #include "orrinvale/HeatmapView.h"
-#include "orrinvale/LocalCalendar.h"
 #include "orrinvale/OnboardingWindowController.h"
 #include "orrinvale/Popover.h"
 #include "orrinvale/SettingsWindowController.h"
@@ -21,6 +20,7 @@
 #include "platform/fake/FakeFilePanels.h"
 #include "platform/fake/FakePlatform.h"
 #include "tests/shots/History.h"
+#include "text/LocalCalendar.h"
 
 #include <QApplication>
 #include <QDir>

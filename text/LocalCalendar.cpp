@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/LocalCalendar.h"
+#include "text/LocalCalendar.h"
 
 #include "base/Fatal.h"
 #include "text/UnicodeText.h"
