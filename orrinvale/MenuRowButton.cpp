@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/MenuRowButton.h"
 
-#include "orrinvale/Colours.h"
+#include "kit/Colours.h"
 #include "orrinvale/Look.h"
 #include "orrinvale/Shapes.h"
 #include "orrinvale/Symbols.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/Popover.h"
 
-#include "orrinvale/Colours.h"
+#include "kit/Colours.h"
 #include "orrinvale/InlineToolTip.h"
 #include "orrinvale/LayerSurface.h"
 #include "orrinvale/Look.h"

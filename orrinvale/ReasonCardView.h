@@ -3,7 +3,7 @@
 #pragma once
 
 #include "base/Cancellable.h"
-#include "orrinvale/Colours.h"
+#include "kit/Colours.h"
 #include "orrinvale/FadeTransition.h"
 #include "orrinvale/Look.h"
 #include "orrinvale/ReasonContent.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/StatusIcon.h"
 
-#include "orrinvale/Colours.h"
+#include "kit/Colours.h"
 #include "orrinvale/Look.h"
 #include "orrinvale/Typography.h"
 #include "orrinvale/WakeState.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "orrinvale/Colours.h"
+#include "kit/Colours.h"
 #include "orrinvale/Look.h"
 
 namespace orrinvale

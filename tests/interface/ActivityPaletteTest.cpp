@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/ActivityPalette.h"
 
-#include "orrinvale/Colours.h"
+#include "kit/Colours.h"
 #include "tests/interface/InterfaceFixture.h"
 
 namespace orrinvale

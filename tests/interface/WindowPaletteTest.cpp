@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/WindowPalette.h"
 
-#include "orrinvale/Colours.h"
+#include "kit/Colours.h"
 #include "tests/interface/WindowFixture.h"
 
 namespace orrinvale

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/Colours.h"
+#include "kit/Colours.h"
 
 #include <algorithm>
 #include <cmath>
