@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "orrinvale/Look.h"
+#include "kit/Look.h"
 
 #include <QColor>
 

@@ -3,7 +3,7 @@
 #include "orrinvale/MenuRowButton.h"
 
 #include "kit/Colours.h"
-#include "orrinvale/Look.h"
+#include "kit/Look.h"
 #include "orrinvale/Shapes.h"
 #include "orrinvale/Symbols.h"
 #include "orrinvale/TextLabel.h"

@@ -3,9 +3,9 @@
 #include "orrinvale/Popover.h"
 
 #include "kit/Colours.h"
+#include "kit/Look.h"
 #include "orrinvale/InlineToolTip.h"
 #include "orrinvale/LayerSurface.h"
-#include "orrinvale/Look.h"
 #include "orrinvale/OverlayScrollArea.h"
 #include "orrinvale/PopoverLayout.h"
 #include "orrinvale/Shapes.h"

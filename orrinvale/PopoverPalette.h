@@ -3,7 +3,7 @@
 #pragma once
 
 #include "kit/Colours.h"
-#include "orrinvale/Look.h"
+#include "kit/Look.h"
 
 namespace orrinvale
 {

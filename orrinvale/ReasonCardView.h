@@ -4,8 +4,8 @@
 
 #include "base/Cancellable.h"
 #include "kit/Colours.h"
+#include "kit/Look.h"
 #include "orrinvale/FadeTransition.h"
-#include "orrinvale/Look.h"
 #include "orrinvale/ReasonContent.h"
 
 #include <QWidget>

@@ -3,7 +3,7 @@
 #include "orrinvale/StatusIcon.h"
 
 #include "kit/Colours.h"
-#include "orrinvale/Look.h"
+#include "kit/Look.h"
 #include "orrinvale/Typography.h"
 #include "orrinvale/WakeState.h"
 
