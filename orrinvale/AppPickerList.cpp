@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/AppPickerList.h"
 
+#include "kit/Shapes.h"
 #include "orrinvale/AppPicker.h"
 #include "orrinvale/AppRowDelegate.h"
 #include "orrinvale/OverlayThumb.h"
 #include "orrinvale/PaintedButton.h"
-#include "orrinvale/Shapes.h"
 #include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowText.h"
 

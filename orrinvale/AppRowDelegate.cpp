@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/AppRowDelegate.h"
 
+#include "kit/Shapes.h"
 #include "orrinvale/AppPicker.h"
-#include "orrinvale/Shapes.h"
 #include "orrinvale/Symbols.h"
 #include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowText.h"

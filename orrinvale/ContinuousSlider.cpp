@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/ContinuousSlider.h"
 
+#include "kit/Shapes.h"
 #include "orrinvale/FocusRing.h"
 #include "orrinvale/PaintedButton.h"
-#include "orrinvale/Shapes.h"
 
 #include <QAccessibleWidget>
 #include <QKeyEvent>

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/DayDetailView.h"
 
+#include "kit/Shapes.h"
 #include "orrinvale/ActivityPalette.h"
 #include "orrinvale/AdaptiveView.h"
 #include "orrinvale/DayDetail.h"
 #include "orrinvale/HourBarChartView.h"
 #include "orrinvale/OverlayScrollArea.h"
-#include "orrinvale/Shapes.h"
 #include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowPalette.h"
 #include "orrinvale/WindowText.h"

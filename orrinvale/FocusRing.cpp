@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/FocusRing.h"
 
-#include "orrinvale/Shapes.h"
+#include "kit/Shapes.h"
 
 #include <QPainter>
 #include <QWidget>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/HeatmapView.h"
 
+#include "kit/Shapes.h"
 #include "orrinvale/PaintedButton.h"
-#include "orrinvale/Shapes.h"
 #include "orrinvale/TextLabel.h"
 #include "orrinvale/Typography.h"
 #include "text/LocalCalendar.h"

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/HourBarChartView.h"
 
+#include "kit/Shapes.h"
 #include "orrinvale/ActivityPalette.h"
 #include "orrinvale/DayDetail.h"
 #include "orrinvale/HourBars.h"
-#include "orrinvale/Shapes.h"
 #include "orrinvale/WindowPalette.h"
 
 #include <QPainter>

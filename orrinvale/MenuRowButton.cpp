@@ -4,7 +4,7 @@
 
 #include "kit/Colours.h"
 #include "kit/Look.h"
-#include "orrinvale/Shapes.h"
+#include "kit/Shapes.h"
 #include "orrinvale/Symbols.h"
 #include "orrinvale/TextLabel.h"
 #include "orrinvale/Typography.h"

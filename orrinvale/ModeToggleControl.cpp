@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/ModeToggleControl.h"
 
-#include "orrinvale/Shapes.h"
+#include "kit/Shapes.h"
 #include "orrinvale/Typography.h"
 
 #include <QEvent>

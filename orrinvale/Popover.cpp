@@ -4,11 +4,11 @@
 
 #include "kit/Colours.h"
 #include "kit/Look.h"
+#include "kit/Shapes.h"
 #include "orrinvale/InlineToolTip.h"
 #include "orrinvale/LayerSurface.h"
 #include "orrinvale/OverlayScrollArea.h"
 #include "orrinvale/PopoverLayout.h"
-#include "orrinvale/Shapes.h"
 
 #include <QBitmap>
 #include <QGuiApplication>

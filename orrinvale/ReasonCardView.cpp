@@ -4,7 +4,7 @@
 
 #include "base/Clock.h"
 #include "base/MainQueue.h"
-#include "orrinvale/Shapes.h"
+#include "kit/Shapes.h"
 #include "orrinvale/SymbolBadge.h"
 #include "orrinvale/TextLabel.h"
 #include "orrinvale/Typography.h"

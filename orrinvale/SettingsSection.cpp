@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/SettingsSection.h"
 
+#include "kit/Shapes.h"
 #include "orrinvale/SettingsRow.h"
-#include "orrinvale/Shapes.h"
 #include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowText.h"
 

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/StatusPopoverViewController.h"
 
+#include "kit/Shapes.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/MenuRowButton.h"
 #include "orrinvale/ModeToggleControl.h"
 #include "orrinvale/PopoverLayout.h"
 #include "orrinvale/ReasonCardView.h"
-#include "orrinvale/Shapes.h"
 #include "orrinvale/SymbolBadge.h"
 #include "orrinvale/TextLabel.h"
 #include "orrinvale/ThemeLook.h"

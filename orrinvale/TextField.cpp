@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/TextField.h"
 
+#include "kit/Shapes.h"
 #include "orrinvale/PaintedButton.h"
-#include "orrinvale/Shapes.h"
 #include "orrinvale/Symbols.h"
 
 #include <QEvent>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/ThemeTile.h"
 
+#include "kit/Shapes.h"
 #include "orrinvale/ActivityPalette.h"
-#include "orrinvale/Shapes.h"
 #include "orrinvale/WindowText.h"
 
 #include <QPainter>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/ToggleRow.h"
 
+#include "kit/Shapes.h"
 #include "orrinvale/FocusRing.h"
 #include "orrinvale/RowText.h"
-#include "orrinvale/Shapes.h"
 
 #include <QPainter>
 #include <QSignalBlocker>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/WindowButton.h"
 
+#include "kit/Shapes.h"
 #include "orrinvale/FocusRing.h"
-#include "orrinvale/Shapes.h"
 #include "orrinvale/Symbols.h"
 
 #include <QFontMetricsF>
