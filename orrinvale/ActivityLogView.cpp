@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/ActivityLogView.h"
 
+#include "kit/FocusRing.h"
 #include "orrinvale/DayDetailView.h"
-#include "orrinvale/FocusRing.h"
 #include "orrinvale/HeatmapView.h"
 #include "orrinvale/OverlayScrollArea.h"
 #include "orrinvale/TextLabel.h"

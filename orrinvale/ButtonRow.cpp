@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/ButtonRow.h"
 
-#include "orrinvale/FocusRing.h"
+#include "kit/FocusRing.h"
 #include "orrinvale/RowText.h"
 #include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowButton.h"

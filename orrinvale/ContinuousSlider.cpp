@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/ContinuousSlider.h"
 
+#include "kit/FocusRing.h"
 #include "kit/Shapes.h"
-#include "orrinvale/FocusRing.h"
 #include "orrinvale/PaintedButton.h"
 
 #include <QAccessibleWidget>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/OnboardingView.h"
 
-#include "orrinvale/FocusRing.h"
+#include "kit/FocusRing.h"
 #include "orrinvale/OverlayScrollArea.h"
 #include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowButton.h"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/SensitivityRow.h"
 
+#include "kit/FocusRing.h"
 #include "orrinvale/ContinuousSlider.h"
-#include "orrinvale/FocusRing.h"
 #include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowText.h"
 

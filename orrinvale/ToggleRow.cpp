@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/ToggleRow.h"
 
+#include "kit/FocusRing.h"
 #include "kit/Shapes.h"
-#include "orrinvale/FocusRing.h"
 #include "orrinvale/RowText.h"
 
 #include <QPainter>

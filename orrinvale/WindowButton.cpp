@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/WindowButton.h"
 
+#include "kit/FocusRing.h"
 #include "kit/Shapes.h"
-#include "orrinvale/FocusRing.h"
 #include "orrinvale/Symbols.h"
 
 #include <QFontMetricsF>

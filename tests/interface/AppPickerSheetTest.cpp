@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/AppPickerSheet.h"
 
+#include "kit/FocusRing.h"
 #include "orrinvale/AppPickerList.h"
 #include "orrinvale/CustomProcess.h"
-#include "orrinvale/FocusRing.h"
 #include "orrinvale/OverlayThumb.h"
 #include "orrinvale/TextField.h"
 #include "orrinvale/TextLabel.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/ContinuousSlider.h"
 
-#include "orrinvale/FocusRing.h"
+#include "kit/FocusRing.h"
 #include "tests/interface/WindowFixture.h"
 
 #include <QAccessible>

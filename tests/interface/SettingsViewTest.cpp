@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/SettingsView.h"
 
+#include "kit/FocusRing.h"
 #include "orrinvale/ButtonRow.h"
 #include "orrinvale/ContinuousSlider.h"
-#include "orrinvale/FocusRing.h"
 #include "orrinvale/OverlayScrollArea.h"
 #include "orrinvale/RowText.h"
 #include "orrinvale/SensitivityRow.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/WatchListView.h"
 
-#include "orrinvale/FocusRing.h"
+#include "kit/FocusRing.h"
 #include "orrinvale/WatchListRow.h"
 #include "orrinvale/WindowButton.h"
 #include "tests/interface/WindowFixture.h"
