@@ -3,7 +3,7 @@
 #include "orrinvale/ModeToggleButton.h"
 
 #include "kit/Shapes.h"
-#include "orrinvale/Typography.h"
+#include "kit/Typography.h"
 
 #include <QPainter>
 

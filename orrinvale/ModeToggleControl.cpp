@@ -3,7 +3,7 @@
 #include "orrinvale/ModeToggleControl.h"
 
 #include "kit/Shapes.h"
-#include "orrinvale/Typography.h"
+#include "kit/Typography.h"
 
 #include <QEvent>
 #include <QFontMetricsF>

@@ -4,7 +4,7 @@
 
 #include "kit/Colours.h"
 #include "kit/Look.h"
-#include "orrinvale/Typography.h"
+#include "kit/Typography.h"
 #include "orrinvale/WakeState.h"
 
 #include <QFile>

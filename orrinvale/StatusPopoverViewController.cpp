@@ -3,6 +3,7 @@
 #include "orrinvale/StatusPopoverViewController.h"
 
 #include "kit/Shapes.h"
+#include "kit/Typography.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/MenuRowButton.h"
 #include "orrinvale/ModeToggleControl.h"
@@ -11,7 +12,6 @@
 #include "orrinvale/SymbolBadge.h"
 #include "orrinvale/TextLabel.h"
 #include "orrinvale/ThemeLook.h"
-#include "orrinvale/Typography.h"
 #include "orrinvale/WakeEngine.h"
 #include "platform/Appearance.h"
 #include "platform/Platform.h"

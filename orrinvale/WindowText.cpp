@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/WindowText.h"
 
+#include "kit/Typography.h"
 #include "orrinvale/TextLabel.h"
-#include "orrinvale/Typography.h"
 
 #include <cmath>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/TextLabel.h"
 
-#include "orrinvale/Typography.h"
+#include "kit/Typography.h"
 #include "tests/interface/InterfaceFixture.h"
 
 #include <QAccessible>

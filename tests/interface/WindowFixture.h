@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "kit/Typography.h"
 #include "orrinvale/TextLabel.h"
-#include "orrinvale/Typography.h"
 #include "orrinvale/WindowPalette.h"
 #include "tests/interface/InterfaceFixture.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/Typography.h"
+#include "kit/Typography.h"
 
 #include <QGuiApplication>
 #include <QScreen>
