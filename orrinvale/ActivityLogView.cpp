@@ -3,10 +3,10 @@
 #include "orrinvale/ActivityLogView.h"
 
 #include "kit/FocusRing.h"
+#include "kit/TextLabel.h"
 #include "orrinvale/DayDetailView.h"
 #include "orrinvale/HeatmapView.h"
 #include "orrinvale/OverlayScrollArea.h"
-#include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowButton.h"
 #include "orrinvale/WindowText.h"
 

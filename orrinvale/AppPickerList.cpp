@@ -3,11 +3,11 @@
 #include "orrinvale/AppPickerList.h"
 
 #include "kit/Shapes.h"
+#include "kit/TextLabel.h"
 #include "orrinvale/AppPicker.h"
 #include "orrinvale/AppRowDelegate.h"
 #include "orrinvale/OverlayThumb.h"
 #include "orrinvale/PaintedButton.h"
-#include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowText.h"
 
 #include <QFocusEvent>

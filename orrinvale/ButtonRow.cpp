@@ -3,8 +3,8 @@
 #include "orrinvale/ButtonRow.h"
 
 #include "kit/FocusRing.h"
+#include "kit/TextLabel.h"
 #include "orrinvale/RowText.h"
-#include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowButton.h"
 
 #include <algorithm>

@@ -3,12 +3,12 @@
 #include "orrinvale/DayDetailView.h"
 
 #include "kit/Shapes.h"
+#include "kit/TextLabel.h"
 #include "orrinvale/ActivityPalette.h"
 #include "orrinvale/AdaptiveView.h"
 #include "orrinvale/DayDetail.h"
 #include "orrinvale/HourBarChartView.h"
 #include "orrinvale/OverlayScrollArea.h"
-#include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowPalette.h"
 #include "orrinvale/WindowText.h"
 

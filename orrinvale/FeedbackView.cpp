@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/FeedbackView.h"
 
-#include "orrinvale/TextLabel.h"
+#include "kit/TextLabel.h"
 #include "orrinvale/WindowText.h"
 
 #include <QPainter>

@@ -3,9 +3,9 @@
 #include "orrinvale/HeatmapView.h"
 
 #include "kit/Shapes.h"
+#include "kit/TextLabel.h"
 #include "kit/Typography.h"
 #include "orrinvale/PaintedButton.h"
-#include "orrinvale/TextLabel.h"
 #include "text/LocalCalendar.h"
 
 #include <QAccessible>

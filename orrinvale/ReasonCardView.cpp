@@ -5,9 +5,9 @@
 #include "base/Clock.h"
 #include "base/MainQueue.h"
 #include "kit/Shapes.h"
+#include "kit/TextLabel.h"
 #include "kit/Typography.h"
 #include "orrinvale/SymbolBadge.h"
-#include "orrinvale/TextLabel.h"
 
 #include <QPainter>
 

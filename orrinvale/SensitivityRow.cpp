@@ -3,8 +3,8 @@
 #include "orrinvale/SensitivityRow.h"
 
 #include "kit/FocusRing.h"
+#include "kit/TextLabel.h"
 #include "orrinvale/ContinuousSlider.h"
-#include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowText.h"
 
 namespace orrinvale

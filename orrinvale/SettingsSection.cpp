@@ -3,8 +3,8 @@
 #include "orrinvale/SettingsSection.h"
 
 #include "kit/Shapes.h"
+#include "kit/TextLabel.h"
 #include "orrinvale/SettingsRow.h"
-#include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowText.h"
 
 #include <QPainter>

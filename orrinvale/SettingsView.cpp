@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/SettingsView.h"
 
+#include "kit/TextLabel.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/ButtonRow.h"
 #include "orrinvale/ContinuousSlider.h"
@@ -10,7 +11,6 @@
 #include "orrinvale/SensitivityRow.h"
 #include "orrinvale/SettingsSection.h"
 #include "orrinvale/SettingsTexts.h"
-#include "orrinvale/TextLabel.h"
 #include "orrinvale/ThemeTiles.h"
 #include "orrinvale/ThresholdsRow.h"
 #include "orrinvale/ToggleRow.h"

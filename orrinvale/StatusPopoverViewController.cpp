@@ -3,6 +3,7 @@
 #include "orrinvale/StatusPopoverViewController.h"
 
 #include "kit/Shapes.h"
+#include "kit/TextLabel.h"
 #include "kit/Typography.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/MenuRowButton.h"
@@ -10,7 +11,6 @@
 #include "orrinvale/PopoverLayout.h"
 #include "orrinvale/ReasonCardView.h"
 #include "orrinvale/SymbolBadge.h"
-#include "orrinvale/TextLabel.h"
 #include "orrinvale/ThemeLook.h"
 #include "orrinvale/WakeEngine.h"
 #include "platform/Appearance.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/ThresholdsRow.h"
 
-#include "orrinvale/TextLabel.h"
+#include "kit/TextLabel.h"
 #include "orrinvale/WindowPalette.h"
 #include "orrinvale/WindowText.h"
 

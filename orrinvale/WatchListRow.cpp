@@ -3,8 +3,8 @@
 #include "orrinvale/WatchListRow.h"
 
 #include "kit/FocusRing.h"
+#include "kit/TextLabel.h"
 #include "orrinvale/SettingsRow.h"
-#include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowButton.h"
 #include "orrinvale/WindowText.h"
 

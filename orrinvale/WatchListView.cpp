@@ -3,7 +3,7 @@
 #include "orrinvale/WatchListView.h"
 
 #include "kit/FocusRing.h"
-#include "orrinvale/TextLabel.h"
+#include "kit/TextLabel.h"
 #include "orrinvale/WatchListRow.h"
 #include "orrinvale/WindowButton.h"
 #include "orrinvale/WindowText.h"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/WindowText.h"
 
+#include "kit/TextLabel.h"
 #include "kit/Typography.h"
-#include "orrinvale/TextLabel.h"
 
 #include <cmath>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/FeedbackWindowController.h"
 
+#include "kit/TextLabel.h"
 #include "orrinvale/FeedbackView.h"
-#include "orrinvale/TextLabel.h"
 #include "tests/interface/InterfaceFixture.h"
 #include "tests/platform/WaitFor.h"
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/MenuBarController.h"
 
+#include "kit/TextLabel.h"
 #include "orrinvale/MenuRowButton.h"
 #include "orrinvale/ModeToggleControl.h"
 #include "orrinvale/Popover.h"
@@ -9,7 +10,6 @@
 #include "orrinvale/StatusIcon.h"
 #include "orrinvale/StatusItem.h"
 #include "orrinvale/StatusPopoverViewController.h"
-#include "orrinvale/TextLabel.h"
 #include "tests/interface/InterfaceFixture.h"
 
 #include <QPointer>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/MenuRowButton.h"
 
+#include "kit/TextLabel.h"
 #include "kit/Typography.h"
-#include "orrinvale/TextLabel.h"
 #include "tests/interface/InterfaceFixture.h"
 
 #include <QAccessible>

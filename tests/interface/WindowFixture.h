@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "kit/TextLabel.h"
 #include "kit/Typography.h"
-#include "orrinvale/TextLabel.h"
 #include "orrinvale/WindowPalette.h"
 #include "tests/interface/InterfaceFixture.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/TextLabel.h"
+#include "kit/TextLabel.h"
 
 #include "text/UnicodeText.h"
 
