@@ -3,7 +3,7 @@
 #include "orrinvale/AppIcons.h"
 
 #include "base/MainQueue.h"
-#include "orrinvale/Symbols.h"
+#include "kit/Symbols.h"
 
 #include <QDir>
 #include <QIcon>
@@ -15,7 +15,7 @@ namespace orrinvale
 namespace
 {
 
-constexpr auto keptIcons = 64; // more than a list shows at a time
+constexpr auto keptIcons = 64;          // more than a list shows at a time
 constexpr auto symbolGrowth = 1.0 / 12; // on each side: symbols leave more room around them than icons do
 
 } // namespace

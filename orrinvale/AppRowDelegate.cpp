@@ -3,9 +3,9 @@
 #include "orrinvale/AppRowDelegate.h"
 
 #include "kit/Shapes.h"
+#include "kit/Symbols.h"
 #include "kit/TextLabel.h"
 #include "orrinvale/AppPicker.h"
-#include "orrinvale/Symbols.h"
 #include "orrinvale/WindowText.h"
 
 #include <QAbstractItemView>

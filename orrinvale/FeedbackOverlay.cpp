@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/FeedbackOverlay.h"
 
+#include "kit/Symbols.h"
 #include "kit/TextLabel.h"
-#include "orrinvale/Symbols.h"
 #include "orrinvale/WindowText.h"
 
 #include <QPainter>

@@ -5,9 +5,9 @@
 #include "kit/Colours.h"
 #include "kit/Look.h"
 #include "kit/Shapes.h"
+#include "kit/Symbols.h"
 #include "kit/TextLabel.h"
 #include "kit/Typography.h"
-#include "orrinvale/Symbols.h"
 
 #include <QPainter>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/SymbolBadge.h"
 
-#include "orrinvale/Symbols.h"
+#include "kit/Symbols.h"
 
 #include <QPainter>
 

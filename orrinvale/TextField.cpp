@@ -3,8 +3,8 @@
 #include "orrinvale/TextField.h"
 
 #include "kit/Shapes.h"
+#include "kit/Symbols.h"
 #include "orrinvale/PaintedButton.h"
-#include "orrinvale/Symbols.h"
 
 #include <QEvent>
 #include <QLineEdit>

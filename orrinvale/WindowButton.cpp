@@ -4,7 +4,7 @@
 
 #include "kit/FocusRing.h"
 #include "kit/Shapes.h"
-#include "orrinvale/Symbols.h"
+#include "kit/Symbols.h"
 
 #include <QFontMetricsF>
 #include <QPainter>

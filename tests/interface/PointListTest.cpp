@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/PointList.h"
 
+#include "kit/Symbols.h"
 #include "orrinvale/OnboardingView.h"
-#include "orrinvale/Symbols.h"
 #include "tests/interface/WindowFixture.h"
 
 #include <QPainter>
