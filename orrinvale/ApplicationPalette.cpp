@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/ApplicationPalette.h"
 
-#include "orrinvale/WindowPalette.h"
+#include "kit/WindowPalette.h"
 
 #include <QApplication>
 #include <QPalette>

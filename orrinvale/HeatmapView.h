@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "kit/WindowPalette.h"
 #include "orrinvale/ActivityPalette.h"
 #include "orrinvale/HeatmapLayout.h"
-#include "orrinvale/WindowPalette.h"
 
 #include <QWidget>
 

@@ -3,10 +3,10 @@
 #include "orrinvale/HourBarChartView.h"
 
 #include "kit/Shapes.h"
+#include "kit/WindowPalette.h"
 #include "orrinvale/ActivityPalette.h"
 #include "orrinvale/DayDetail.h"
 #include "orrinvale/HourBars.h"
-#include "orrinvale/WindowPalette.h"
 
 #include <QPainter>
 

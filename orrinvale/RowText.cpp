@@ -3,7 +3,7 @@
 #include "orrinvale/RowText.h"
 
 #include "kit/TextLabel.h"
-#include "orrinvale/WindowPalette.h"
+#include "kit/WindowPalette.h"
 #include "orrinvale/WindowText.h"
 
 namespace orrinvale

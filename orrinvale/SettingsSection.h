@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "orrinvale/WindowPalette.h"
+#include "kit/WindowPalette.h"
 
 #include <QWidget>
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "base/Cancellable.h"
+#include "kit/WindowPalette.h"
 #include "orrinvale/CustomProcess.h"
-#include "orrinvale/WindowPalette.h"
 
 #include <QWidget>
 

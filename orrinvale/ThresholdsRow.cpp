@@ -3,7 +3,7 @@
 #include "orrinvale/ThresholdsRow.h"
 
 #include "kit/TextLabel.h"
-#include "orrinvale/WindowPalette.h"
+#include "kit/WindowPalette.h"
 #include "orrinvale/WindowText.h"
 
 #include <algorithm>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "kit/WindowPalette.h"
 #include "orrinvale/PaintedButton.h"
 #include "orrinvale/SettingsRow.h"
-#include "orrinvale/WindowPalette.h"
 
 #include <functional>
 

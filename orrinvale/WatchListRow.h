@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "kit/WindowPalette.h"
 #include "orrinvale/CustomProcess.h"
-#include "orrinvale/WindowPalette.h"
 
 #include <QWidget>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "kit/WindowPalette.h"
 #include "orrinvale/PaintedButton.h"
-#include "orrinvale/WindowPalette.h"
 #include "orrinvale/WindowText.h"
 
 namespace orrinvale

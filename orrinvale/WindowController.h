@@ -3,7 +3,7 @@
 #pragma once
 
 #include "base/Cancellable.h"
-#include "orrinvale/WindowPalette.h"
+#include "kit/WindowPalette.h"
 
 #include <QObject>
 #include <QSize>

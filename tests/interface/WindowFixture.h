@@ -4,7 +4,7 @@
 
 #include "kit/TextLabel.h"
 #include "kit/Typography.h"
-#include "orrinvale/WindowPalette.h"
+#include "kit/WindowPalette.h"
 #include "tests/interface/InterfaceFixture.h"
 
 #include <QHelpEvent>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/WindowPalette.h"
+#include "kit/WindowPalette.h"
 
 #include <array>
 
