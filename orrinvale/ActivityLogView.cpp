@@ -4,11 +4,11 @@
 
 #include "kit/FocusRing.h"
 #include "kit/TextLabel.h"
+#include "kit/WindowText.h"
 #include "orrinvale/DayDetailView.h"
 #include "orrinvale/HeatmapView.h"
 #include "orrinvale/OverlayScrollArea.h"
 #include "orrinvale/WindowButton.h"
-#include "orrinvale/WindowText.h"
 
 #include <QKeyEvent>
 #include <QPainter>

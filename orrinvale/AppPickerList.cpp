@@ -4,11 +4,11 @@
 
 #include "kit/Shapes.h"
 #include "kit/TextLabel.h"
+#include "kit/WindowText.h"
 #include "orrinvale/AppPicker.h"
 #include "orrinvale/AppRowDelegate.h"
 #include "orrinvale/OverlayThumb.h"
 #include "orrinvale/PaintedButton.h"
-#include "orrinvale/WindowText.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>

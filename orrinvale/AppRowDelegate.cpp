@@ -5,8 +5,8 @@
 #include "kit/Shapes.h"
 #include "kit/Symbols.h"
 #include "kit/TextLabel.h"
+#include "kit/WindowText.h"
 #include "orrinvale/AppPicker.h"
-#include "orrinvale/WindowText.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>

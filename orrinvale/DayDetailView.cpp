@@ -5,12 +5,12 @@
 #include "kit/Shapes.h"
 #include "kit/TextLabel.h"
 #include "kit/WindowPalette.h"
+#include "kit/WindowText.h"
 #include "orrinvale/ActivityPalette.h"
 #include "orrinvale/AdaptiveView.h"
 #include "orrinvale/DayDetail.h"
 #include "orrinvale/HourBarChartView.h"
 #include "orrinvale/OverlayScrollArea.h"
-#include "orrinvale/WindowText.h"
 
 #include <QFontMetricsF>
 #include <QPainter>

@@ -4,7 +4,7 @@
 
 #include "kit/Symbols.h"
 #include "kit/TextLabel.h"
-#include "orrinvale/WindowText.h"
+#include "kit/WindowText.h"
 
 #include <QPainter>
 #include <QTimerEvent>

@@ -3,7 +3,7 @@
 #include "orrinvale/FeedbackView.h"
 
 #include "kit/TextLabel.h"
-#include "orrinvale/WindowText.h"
+#include "kit/WindowText.h"
 
 #include <QPainter>
 

@@ -4,9 +4,9 @@
 
 #include "kit/FocusRing.h"
 #include "kit/TextLabel.h"
+#include "kit/WindowText.h"
 #include "orrinvale/OverlayScrollArea.h"
 #include "orrinvale/WindowButton.h"
-#include "orrinvale/WindowText.h"
 
 #include <QKeyEvent>
 #include <QPainter>

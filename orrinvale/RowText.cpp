@@ -4,7 +4,7 @@
 
 #include "kit/TextLabel.h"
 #include "kit/WindowPalette.h"
-#include "orrinvale/WindowText.h"
+#include "kit/WindowText.h"
 
 namespace orrinvale
 {

@@ -4,8 +4,8 @@
 
 #include "kit/FocusRing.h"
 #include "kit/TextLabel.h"
+#include "kit/WindowText.h"
 #include "orrinvale/ContinuousSlider.h"
-#include "orrinvale/WindowText.h"
 
 namespace orrinvale
 {

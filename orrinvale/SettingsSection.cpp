@@ -4,8 +4,8 @@
 
 #include "kit/Shapes.h"
 #include "kit/TextLabel.h"
+#include "kit/WindowText.h"
 #include "orrinvale/SettingsRow.h"
-#include "orrinvale/WindowText.h"
 
 #include <QPainter>
 

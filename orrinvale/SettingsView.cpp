@@ -3,6 +3,7 @@
 #include "orrinvale/SettingsView.h"
 
 #include "kit/TextLabel.h"
+#include "kit/WindowText.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/ButtonRow.h"
 #include "orrinvale/ContinuousSlider.h"
@@ -16,7 +17,6 @@
 #include "orrinvale/ToggleRow.h"
 #include "orrinvale/WatchListView.h"
 #include "orrinvale/WindowButton.h"
-#include "orrinvale/WindowText.h"
 #include "platform/Appearance.h"
 #include "platform/ApplicationSupport.h"
 #include "platform/FilePanels.h"

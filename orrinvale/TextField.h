@@ -3,7 +3,7 @@
 #pragma once
 
 #include "kit/WindowPalette.h"
-#include "orrinvale/WindowText.h"
+#include "kit/WindowText.h"
 
 #include <QWidget>
 

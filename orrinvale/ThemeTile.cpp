@@ -3,8 +3,8 @@
 #include "orrinvale/ThemeTile.h"
 
 #include "kit/Shapes.h"
+#include "kit/WindowText.h"
 #include "orrinvale/ActivityPalette.h"
-#include "orrinvale/WindowText.h"
 
 #include <QPainter>
 

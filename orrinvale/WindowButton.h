@@ -3,8 +3,8 @@
 #pragma once
 
 #include "kit/WindowPalette.h"
+#include "kit/WindowText.h"
 #include "orrinvale/PaintedButton.h"
-#include "orrinvale/WindowText.h"
 
 namespace orrinvale
 {

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/ThemeTiles.h"
 
+#include "kit/WindowText.h"
 #include "orrinvale/RowText.h"
 #include "orrinvale/ThemeTile.h"
-#include "orrinvale/WindowText.h"
 #include "tests/interface/WindowFixture.h"
 
 #include <QAccessible>

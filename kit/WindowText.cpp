@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/WindowText.h"
+#include "kit/WindowText.h"
 
 #include "kit/TextLabel.h"
 #include "kit/Typography.h"
