@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/AppPickerList.h"
 
+#include "kit/OverlayThumb.h"
 #include "kit/Shapes.h"
 #include "kit/TextLabel.h"
 #include "kit/WindowText.h"
 #include "orrinvale/AppPicker.h"
 #include "orrinvale/AppRowDelegate.h"
-#include "orrinvale/OverlayThumb.h"
 #include "orrinvale/PaintedButton.h"
 
 #include <QFocusEvent>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/OverlayScrollArea.h"
 
-#include "orrinvale/OverlayThumb.h"
+#include "kit/OverlayThumb.h"
 
 #include <QApplication>
 

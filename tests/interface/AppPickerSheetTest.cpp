@@ -3,11 +3,11 @@
 #include "orrinvale/AppPickerSheet.h"
 
 #include "kit/FocusRing.h"
+#include "kit/OverlayThumb.h"
 #include "kit/TextLabel.h"
 #include "kit/Typography.h"
 #include "orrinvale/AppPickerList.h"
 #include "orrinvale/CustomProcess.h"
-#include "orrinvale/OverlayThumb.h"
 #include "orrinvale/TextField.h"
 #include "orrinvale/WindowButton.h"
 #include "tests/interface/InterfaceFixture.h"
