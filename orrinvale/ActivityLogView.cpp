@@ -3,11 +3,11 @@
 #include "orrinvale/ActivityLogView.h"
 
 #include "kit/FocusRing.h"
+#include "kit/OverlayScrollArea.h"
 #include "kit/TextLabel.h"
 #include "kit/WindowText.h"
 #include "orrinvale/DayDetailView.h"
 #include "orrinvale/HeatmapView.h"
-#include "orrinvale/OverlayScrollArea.h"
 #include "orrinvale/WindowButton.h"
 
 #include <QKeyEvent>

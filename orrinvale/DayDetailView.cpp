@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/DayDetailView.h"
 
+#include "kit/OverlayScrollArea.h"
 #include "kit/Shapes.h"
 #include "kit/TextLabel.h"
 #include "kit/WindowPalette.h"
@@ -10,7 +11,6 @@
 #include "orrinvale/AdaptiveView.h"
 #include "orrinvale/DayDetail.h"
 #include "orrinvale/HourBarChartView.h"
-#include "orrinvale/OverlayScrollArea.h"
 
 #include <QFontMetricsF>
 #include <QPainter>

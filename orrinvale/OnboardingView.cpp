@@ -3,9 +3,9 @@
 #include "orrinvale/OnboardingView.h"
 
 #include "kit/FocusRing.h"
+#include "kit/OverlayScrollArea.h"
 #include "kit/TextLabel.h"
 #include "kit/WindowText.h"
-#include "orrinvale/OverlayScrollArea.h"
 #include "orrinvale/WindowButton.h"
 
 #include <QKeyEvent>

@@ -4,10 +4,10 @@
 
 #include "kit/Colours.h"
 #include "kit/Look.h"
+#include "kit/OverlayScrollArea.h"
 #include "kit/Shapes.h"
 #include "orrinvale/InlineToolTip.h"
 #include "orrinvale/LayerSurface.h"
-#include "orrinvale/OverlayScrollArea.h"
 #include "orrinvale/PopoverLayout.h"
 
 #include <QBitmap>

@@ -3,10 +3,10 @@
 #include "orrinvale/ActivityLogView.h"
 
 #include "kit/FocusRing.h"
+#include "kit/OverlayScrollArea.h"
 #include "orrinvale/DayDetailView.h"
 #include "orrinvale/HeatmapView.h"
 #include "orrinvale/HourBarChartView.h"
-#include "orrinvale/OverlayScrollArea.h"
 #include "orrinvale/WindowButton.h"
 #include "tests/interface/WindowFixture.h"
 

@@ -3,8 +3,8 @@
 #include "orrinvale/OnboardingView.h"
 
 #include "kit/FocusRing.h"
+#include "kit/OverlayScrollArea.h"
 #include "kit/Symbols.h"
-#include "orrinvale/OverlayScrollArea.h"
 #include "orrinvale/WindowButton.h"
 #include "tests/interface/WindowFixture.h"
 

@@ -3,9 +3,9 @@
 #include "orrinvale/SettingsView.h"
 
 #include "kit/FocusRing.h"
+#include "kit/OverlayScrollArea.h"
 #include "orrinvale/ButtonRow.h"
 #include "orrinvale/ContinuousSlider.h"
-#include "orrinvale/OverlayScrollArea.h"
 #include "orrinvale/RowText.h"
 #include "orrinvale/SensitivityRow.h"
 #include "orrinvale/SettingsSection.h"

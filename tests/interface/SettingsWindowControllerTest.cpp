@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/SettingsWindowController.h"
 
-#include "orrinvale/OverlayScrollArea.h"
+#include "kit/OverlayScrollArea.h"
 #include "orrinvale/SensitivityRow.h"
 #include "orrinvale/ThemeTile.h"
 #include "orrinvale/ThemeTiles.h"

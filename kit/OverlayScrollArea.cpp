@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/OverlayScrollArea.h"
+#include "kit/OverlayScrollArea.h"
 
 #include "kit/OverlayThumb.h"
 
