@@ -3,12 +3,12 @@
 #include "orrinvale/AppPickerList.h"
 
 #include "kit/OverlayThumb.h"
+#include "kit/PaintedButton.h"
 #include "kit/Shapes.h"
 #include "kit/TextLabel.h"
 #include "kit/WindowText.h"
 #include "orrinvale/AppPicker.h"
 #include "orrinvale/AppRowDelegate.h"
-#include "orrinvale/PaintedButton.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>

@@ -3,8 +3,8 @@
 #include "orrinvale/ContinuousSlider.h"
 
 #include "kit/FocusRing.h"
+#include "kit/PaintedButton.h"
 #include "kit/Shapes.h"
-#include "orrinvale/PaintedButton.h"
 
 #include <QAccessibleWidget>
 #include <QKeyEvent>

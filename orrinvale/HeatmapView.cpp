@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/HeatmapView.h"
 
+#include "kit/PaintedButton.h"
 #include "kit/Shapes.h"
 #include "kit/TextLabel.h"
 #include "kit/Typography.h"
-#include "orrinvale/PaintedButton.h"
 #include "text/LocalCalendar.h"
 
 #include <QAccessible>

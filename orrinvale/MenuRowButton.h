@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "orrinvale/PaintedButton.h"
+#include "kit/PaintedButton.h"
 
 #include <functional>
 

@@ -4,7 +4,7 @@
 
 #include "kit/Colours.h"
 #include "kit/Look.h"
-#include "orrinvale/PaintedButton.h"
+#include "kit/PaintedButton.h"
 
 #include <functional>
 

@@ -3,8 +3,8 @@
 #include "orrinvale/Sheet.h"
 
 #include "base/MainQueue.h"
+#include "kit/PaintedButton.h"
 #include "kit/Shapes.h"
-#include "orrinvale/PaintedButton.h"
 #include "platform/Appearance.h"
 
 #include <QEvent>

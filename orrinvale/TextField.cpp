@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/TextField.h"
 
+#include "kit/PaintedButton.h"
 #include "kit/Shapes.h"
 #include "kit/Symbols.h"
-#include "orrinvale/PaintedButton.h"
 
 #include <QEvent>
 #include <QLineEdit>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "kit/PaintedButton.h"
 #include "kit/WindowPalette.h"
 #include "orrinvale/AppSettings.h"
-#include "orrinvale/PaintedButton.h"
 
 namespace orrinvale
 {

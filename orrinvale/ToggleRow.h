@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "kit/PaintedButton.h"
 #include "kit/WindowPalette.h"
-#include "orrinvale/PaintedButton.h"
 #include "orrinvale/SettingsRow.h"
 
 #include <functional>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "kit/PaintedButton.h"
 #include "kit/WindowPalette.h"
 #include "kit/WindowText.h"
-#include "orrinvale/PaintedButton.h"
 
 namespace orrinvale
 {

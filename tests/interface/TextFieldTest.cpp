@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/TextField.h"
 
-#include "orrinvale/PaintedButton.h"
+#include "kit/PaintedButton.h"
 #include "tests/interface/InterfaceFixture.h"
 
 #include <QLineEdit>
