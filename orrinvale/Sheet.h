@@ -3,8 +3,8 @@
 #pragma once
 
 #include "base/Cancellable.h"
+#include "kit/SoftShadow.h"
 #include "kit/WindowPalette.h"
-#include "orrinvale/SoftShadow.h"
 
 #include <QPointer>
 #include <QWidget>
