@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/Accessibility.h"
 
+#include "kit/ContinuousSlider.h"
 #include "orrinvale/AppPickerSheet.h"
-#include "orrinvale/ContinuousSlider.h"
 #include "orrinvale/HeatmapAccessibility.h"
 #include "orrinvale/HeatmapView.h"
 #include "orrinvale/HourBarChartView.h"

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/SensitivityRow.h"
 
+#include "kit/ContinuousSlider.h"
 #include "kit/FocusRing.h"
 #include "kit/TextLabel.h"
 #include "kit/WindowText.h"
-#include "orrinvale/ContinuousSlider.h"
 
 namespace orrinvale
 {

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/SettingsView.h"
 
+#include "kit/ContinuousSlider.h"
 #include "kit/OverlayScrollArea.h"
 #include "kit/TextLabel.h"
 #include "kit/WindowText.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/ButtonRow.h"
-#include "orrinvale/ContinuousSlider.h"
 #include "orrinvale/RowText.h"
 #include "orrinvale/SensitivityRow.h"
 #include "orrinvale/SettingsSection.h"

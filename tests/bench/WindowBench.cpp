@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
 #include "base/ThreadSerialQueue.h"
+#include "kit/ContinuousSlider.h"
 #include "orrinvale/ActivityLogView.h"
 #include "orrinvale/ActivityLogWindowController.h"
 #include "orrinvale/AppIconView.h"
 #include "orrinvale/AppSettings.h"
-#include "orrinvale/ContinuousSlider.h"
 #include "orrinvale/HeatmapView.h"
 #include "orrinvale/MenuBarController.h"
 #include "orrinvale/Popover.h"

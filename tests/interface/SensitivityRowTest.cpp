@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/SensitivityRow.h"
 
+#include "kit/ContinuousSlider.h"
 #include "kit/FocusRing.h"
-#include "orrinvale/ContinuousSlider.h"
 #include "tests/interface/WindowFixture.h"
 
 namespace orrinvale

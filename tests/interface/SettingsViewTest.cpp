@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/SettingsView.h"
 
+#include "kit/ContinuousSlider.h"
 #include "kit/FocusRing.h"
 #include "kit/OverlayScrollArea.h"
 #include "orrinvale/ButtonRow.h"
-#include "orrinvale/ContinuousSlider.h"
 #include "orrinvale/RowText.h"
 #include "orrinvale/SensitivityRow.h"
 #include "orrinvale/SettingsSection.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/ContinuousSlider.h"
+#include "kit/ContinuousSlider.h"
 
 #include "kit/FocusRing.h"
 #include "kit/PaintedButton.h"
