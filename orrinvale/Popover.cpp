@@ -3,10 +3,10 @@
 #include "orrinvale/Popover.h"
 
 #include "kit/Colours.h"
+#include "kit/InlineToolTip.h"
 #include "kit/Look.h"
 #include "kit/OverlayScrollArea.h"
 #include "kit/Shapes.h"
-#include "orrinvale/InlineToolTip.h"
 #include "orrinvale/LayerSurface.h"
 #include "orrinvale/PopoverLayout.h"
 
