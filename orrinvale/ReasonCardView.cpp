@@ -5,9 +5,9 @@
 #include "base/Clock.h"
 #include "base/MainQueue.h"
 #include "kit/Shapes.h"
+#include "kit/SymbolBadge.h"
 #include "kit/TextLabel.h"
 #include "kit/Typography.h"
-#include "orrinvale/SymbolBadge.h"
 
 #include <QPainter>
 

@@ -3,6 +3,7 @@
 #include "orrinvale/StatusPopoverViewController.h"
 
 #include "kit/Shapes.h"
+#include "kit/SymbolBadge.h"
 #include "kit/TextLabel.h"
 #include "kit/Typography.h"
 #include "orrinvale/AppSettings.h"
@@ -10,7 +11,6 @@
 #include "orrinvale/ModeToggleControl.h"
 #include "orrinvale/PopoverLayout.h"
 #include "orrinvale/ReasonCardView.h"
-#include "orrinvale/SymbolBadge.h"
 #include "orrinvale/ThemeLook.h"
 #include "orrinvale/WakeEngine.h"
 #include "platform/Appearance.h"

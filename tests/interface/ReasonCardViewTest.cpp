@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/ReasonCardView.h"
 
+#include "kit/SymbolBadge.h"
 #include "kit/TextLabel.h"
 #include "kit/Typography.h"
-#include "orrinvale/SymbolBadge.h"
 #include "tests/interface/InterfaceFixture.h"
 
 namespace orrinvale

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/StatusPopoverViewController.h"
 
+#include "kit/SymbolBadge.h"
 #include "kit/TextLabel.h"
 #include "kit/Typography.h"
 #include "orrinvale/MenuRowButton.h"
 #include "orrinvale/ModeToggleControl.h"
 #include "orrinvale/ReasonCardView.h"
-#include "orrinvale/SymbolBadge.h"
 #include "tests/interface/InterfaceFixture.h"
 
 #include <QFontMetricsF>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/SymbolBadge.h"
+#include "kit/SymbolBadge.h"
 
 #include "kit/Symbols.h"
 
