@@ -3,10 +3,10 @@
 #include "orrinvale/AppPickerSheet.h"
 
 #include "kit/FocusRing.h"
+#include "kit/TextField.h"
 #include "kit/TextLabel.h"
 #include "orrinvale/AppPickerList.h"
 #include "orrinvale/CustomProcess.h"
-#include "orrinvale/TextField.h"
 #include "orrinvale/WindowButton.h"
 #include "platform/Platform.h"
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
 #include "base/ThreadSerialQueue.h"
+#include "kit/TextField.h"
 #include "orrinvale/AppPickerList.h"
 #include "orrinvale/AppPickerSheet.h"
-#include "orrinvale/TextField.h"
 #include "platform/fake/FakePlatform.h"
 #include "platform/linux/LinuxInstalledApplications.h"
 #include "platform/qt/QtMainQueue.h"

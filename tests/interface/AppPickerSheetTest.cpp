@@ -4,11 +4,11 @@
 
 #include "kit/FocusRing.h"
 #include "kit/OverlayThumb.h"
+#include "kit/TextField.h"
 #include "kit/TextLabel.h"
 #include "kit/Typography.h"
 #include "orrinvale/AppPickerList.h"
 #include "orrinvale/CustomProcess.h"
-#include "orrinvale/TextField.h"
 #include "orrinvale/WindowButton.h"
 #include "tests/interface/InterfaceFixture.h"
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/SettingsWindowController.h"
 
+#include "kit/TextField.h"
 #include "orrinvale/AppPickerList.h"
 #include "orrinvale/AppPickerSheet.h"
-#include "orrinvale/TextField.h"
 #include "orrinvale/WatchListView.h"
 #include "orrinvale/WindowButton.h"
 #include "platform/fake/FakeFilePanels.h"

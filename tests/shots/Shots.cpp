@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
+#include "kit/TextField.h"
 #include "orrinvale/ActivityLogView.h"
 #include "orrinvale/ActivityLogWindowController.h"
 #include "orrinvale/AppIconView.h"
@@ -14,7 +15,6 @@
 #include "orrinvale/SettingsWindowController.h"
 #include "orrinvale/StatusIcon.h"
 #include "orrinvale/StatusPopoverViewController.h"
-#include "orrinvale/TextField.h"
 #include "orrinvale/ThemeLook.h"
 #include "orrinvale/WakeEngine.h"
 #include "platform/fake/FakeFilePanels.h"

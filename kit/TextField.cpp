@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/TextField.h"
+#include "kit/TextField.h"
 
 #include "kit/PaintedButton.h"
 #include "kit/Shapes.h"
