@@ -5,10 +5,10 @@
 #include "kit/FocusRing.h"
 #include "kit/OverlayScrollArea.h"
 #include "kit/TextLabel.h"
+#include "kit/WindowButton.h"
 #include "kit/WindowText.h"
 #include "orrinvale/DayDetailView.h"
 #include "orrinvale/HeatmapView.h"
-#include "orrinvale/WindowButton.h"
 
 #include <QKeyEvent>
 #include <QPainter>

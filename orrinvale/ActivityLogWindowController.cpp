@@ -5,12 +5,12 @@
 #include "base/AtomicFile.h"
 #include "base/SerialQueue.h"
 #include "kit/TextLabel.h"
+#include "kit/WindowButton.h"
 #include "orrinvale/ActivityLogView.h"
 #include "orrinvale/DayDetailView.h"
 #include "orrinvale/HeatmapView.h"
 #include "orrinvale/LogExport.h"
 #include "orrinvale/WakeEngine.h"
-#include "orrinvale/WindowButton.h"
 #include "platform/FilePanels.h"
 #include "platform/Platform.h"
 

@@ -5,9 +5,9 @@
 #include "kit/FocusRing.h"
 #include "kit/TextField.h"
 #include "kit/TextLabel.h"
+#include "kit/WindowButton.h"
 #include "orrinvale/AppPickerList.h"
 #include "orrinvale/CustomProcess.h"
-#include "orrinvale/WindowButton.h"
 #include "platform/Platform.h"
 
 #include <QKeyEvent>

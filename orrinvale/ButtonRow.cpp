@@ -4,8 +4,8 @@
 
 #include "kit/FocusRing.h"
 #include "kit/TextLabel.h"
+#include "kit/WindowButton.h"
 #include "orrinvale/RowText.h"
-#include "orrinvale/WindowButton.h"
 
 #include <algorithm>
 

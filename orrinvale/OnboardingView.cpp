@@ -5,8 +5,8 @@
 #include "kit/FocusRing.h"
 #include "kit/OverlayScrollArea.h"
 #include "kit/TextLabel.h"
+#include "kit/WindowButton.h"
 #include "kit/WindowText.h"
-#include "orrinvale/WindowButton.h"
 
 #include <QKeyEvent>
 #include <QPainter>

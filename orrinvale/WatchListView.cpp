@@ -4,9 +4,9 @@
 
 #include "kit/FocusRing.h"
 #include "kit/TextLabel.h"
+#include "kit/WindowButton.h"
 #include "kit/WindowText.h"
 #include "orrinvale/WatchListRow.h"
-#include "orrinvale/WindowButton.h"
 
 #include <QPainter>
 

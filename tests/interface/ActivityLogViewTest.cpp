@@ -4,10 +4,10 @@
 
 #include "kit/FocusRing.h"
 #include "kit/OverlayScrollArea.h"
+#include "kit/WindowButton.h"
 #include "orrinvale/DayDetailView.h"
 #include "orrinvale/HeatmapView.h"
 #include "orrinvale/HourBarChartView.h"
-#include "orrinvale/WindowButton.h"
 #include "tests/interface/WindowFixture.h"
 
 #include <QScrollBar>

@@ -4,11 +4,11 @@
 
 #include "base/AtomicFile.h"
 #include "base/Timestamp.h"
+#include "kit/WindowButton.h"
 #include "orrinvale/ActivityLogView.h"
 #include "orrinvale/ActivityPalette.h"
 #include "orrinvale/DayDetailView.h"
 #include "orrinvale/HeatmapView.h"
-#include "orrinvale/WindowButton.h"
 #include "platform/fake/FakeFilePanels.h"
 #include "tests/interface/WindowFixture.h"
 

@@ -7,9 +7,9 @@
 #include "kit/TextField.h"
 #include "kit/TextLabel.h"
 #include "kit/Typography.h"
+#include "kit/WindowButton.h"
 #include "orrinvale/AppPickerList.h"
 #include "orrinvale/CustomProcess.h"
-#include "orrinvale/WindowButton.h"
 #include "tests/interface/InterfaceFixture.h"
 
 #include <QAccessible>

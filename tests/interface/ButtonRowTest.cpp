@@ -3,8 +3,8 @@
 #include "orrinvale/ButtonRow.h"
 
 #include "kit/FocusRing.h"
+#include "kit/WindowButton.h"
 #include "orrinvale/RowText.h"
-#include "orrinvale/WindowButton.h"
 #include "tests/interface/WindowFixture.h"
 
 namespace orrinvale

@@ -5,7 +5,7 @@
 #include "kit/FocusRing.h"
 #include "kit/OverlayScrollArea.h"
 #include "kit/Symbols.h"
-#include "orrinvale/WindowButton.h"
+#include "kit/WindowButton.h"
 #include "tests/interface/WindowFixture.h"
 
 #include <QPainter>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/OnboardingWindowController.h"
 
+#include "kit/WindowButton.h"
 #include "orrinvale/OnboardingView.h"
-#include "orrinvale/WindowButton.h"
 #include "tests/interface/WindowFixture.h"
 
 #include <QWindow>

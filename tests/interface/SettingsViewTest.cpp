@@ -5,6 +5,7 @@
 #include "kit/ContinuousSlider.h"
 #include "kit/FocusRing.h"
 #include "kit/OverlayScrollArea.h"
+#include "kit/WindowButton.h"
 #include "orrinvale/ButtonRow.h"
 #include "orrinvale/RowText.h"
 #include "orrinvale/SensitivityRow.h"
@@ -15,7 +16,6 @@
 #include "orrinvale/ToggleRow.h"
 #include "orrinvale/WatchListRow.h"
 #include "orrinvale/WatchListView.h"
-#include "orrinvale/WindowButton.h"
 #include "platform/fake/FakeFilePanels.h"
 #include "tests/interface/WindowFixture.h"
 

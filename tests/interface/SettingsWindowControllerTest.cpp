@@ -3,12 +3,12 @@
 #include "orrinvale/SettingsWindowController.h"
 
 #include "kit/OverlayScrollArea.h"
+#include "kit/WindowButton.h"
 #include "orrinvale/SensitivityRow.h"
 #include "orrinvale/ThemeTile.h"
 #include "orrinvale/ThemeTiles.h"
 #include "orrinvale/ToggleRow.h"
 #include "orrinvale/WatchListView.h"
-#include "orrinvale/WindowButton.h"
 #include "platform/fake/FakeFilePanels.h"
 #include "tests/interface/WindowFixture.h"
 

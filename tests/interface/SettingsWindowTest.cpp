@@ -3,10 +3,10 @@
 #include "orrinvale/SettingsWindowController.h"
 
 #include "kit/TextField.h"
+#include "kit/WindowButton.h"
 #include "orrinvale/AppPickerList.h"
 #include "orrinvale/AppPickerSheet.h"
 #include "orrinvale/WatchListView.h"
-#include "orrinvale/WindowButton.h"
 #include "platform/fake/FakeFilePanels.h"
 #include "tests/interface/InterfaceFixture.h"
 

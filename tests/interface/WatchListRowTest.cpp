@@ -3,7 +3,7 @@
 #include "orrinvale/WatchListRow.h"
 
 #include "kit/FocusRing.h"
-#include "orrinvale/WindowButton.h"
+#include "kit/WindowButton.h"
 #include "tests/interface/WindowFixture.h"
 
 namespace orrinvale

@@ -3,8 +3,8 @@
 #include "orrinvale/WatchListView.h"
 
 #include "kit/FocusRing.h"
+#include "kit/WindowButton.h"
 #include "orrinvale/WatchListRow.h"
-#include "orrinvale/WindowButton.h"
 #include "tests/interface/WindowFixture.h"
 
 #include <fmt/format.h>

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/WidgetInterface.h"
 
+#include "kit/WindowButton.h"
 #include "orrinvale/ActivityLogView.h"
 #include "orrinvale/AppIconView.h"
 #include "orrinvale/MenuRowButton.h"
 #include "orrinvale/OnboardingView.h"
 #include "orrinvale/SettingsView.h"
 #include "orrinvale/StatusPopoverViewController.h"
-#include "orrinvale/WindowButton.h"
 #include "platform/fake/FakeFilePanels.h"
 #include "tests/interface/WindowFixture.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/WindowButton.h"
+#include "kit/WindowButton.h"
 
 #include "kit/FocusRing.h"
 #include "tests/interface/WindowFixture.h"
