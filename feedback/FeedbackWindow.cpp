@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "feedback/FeedbackWindow.h"
 
-#include "orrinvale/WindowPlacement.h"
+#include "kit/WindowPlacement.h"
 
 #include <QKeyEvent>
 #include <QScreen>

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/WindowController.h"
 
+#include "kit/WindowPlacement.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/ApplicationIcon.h"
 #include "orrinvale/ThemeLook.h"
-#include "orrinvale/WindowPlacement.h"
 #include "platform/Appearance.h"
 #include "platform/Platform.h"
 

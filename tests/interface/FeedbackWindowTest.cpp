@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "feedback/FeedbackWindow.h"
 
-#include "orrinvale/WindowPlacement.h"
+#include "kit/WindowPlacement.h"
 #include "tests/interface/WindowFixture.h"
 
 #include <QScreen>
