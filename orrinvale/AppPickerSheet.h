@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "kit/Sheet.h"
 #include "orrinvale/AppPicker.h"
-#include "orrinvale/Sheet.h"
 
 namespace orrinvale
 {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/Sheet.h"
+#include "kit/Sheet.h"
 
 #include "base/MainQueue.h"
 #include "kit/PaintedButton.h"
