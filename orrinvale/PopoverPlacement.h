@@ -3,7 +3,7 @@
 #pragma once
 
 #include "orrinvale/LayerSurface.h"
-#include "orrinvale/StatusItemAnchor.h"
+#include "tray/StatusItemAnchor.h"
 
 #include <QRect>
 

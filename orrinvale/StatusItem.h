@@ -3,7 +3,7 @@
 #pragma once
 
 #include "base/Cancellable.h"
-#include "orrinvale/StatusItemAnchor.h"
+#include "tray/StatusItemAnchor.h"
 
 #include <QIcon>
 #include <QObject>
