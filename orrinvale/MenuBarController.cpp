@@ -7,11 +7,11 @@
 #include "orrinvale/Popover.h"
 #include "orrinvale/StatusIcon.h"
 #include "orrinvale/StatusItem.h"
-#include "orrinvale/StatusNotifierItem.h"
 #include "orrinvale/StatusPopoverViewController.h"
 #include "orrinvale/WakeEngine.h"
 #include "platform/Appearance.h"
 #include "platform/Platform.h"
+#include "tray/StatusNotifierItem.h"
 
 namespace orrinvale
 {

@@ -3,7 +3,7 @@
 #include "orrinvale/StatusItem.h"
 
 #include "base/MainQueue.h"
-#include "orrinvale/StatusNotifierItem.h"
+#include "tray/StatusNotifierItem.h"
 
 #include <QCursor>
 #include <QDBusConnection>

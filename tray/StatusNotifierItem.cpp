@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/StatusNotifierItem.h"
+#include "tray/StatusNotifierItem.h"
 
 #include <QDBusArgument>
 #include <QDBusMessage>
