@@ -6,11 +6,11 @@
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/Popover.h"
 #include "orrinvale/StatusIcon.h"
-#include "orrinvale/StatusItem.h"
 #include "orrinvale/StatusPopoverViewController.h"
 #include "orrinvale/WakeEngine.h"
 #include "platform/Appearance.h"
 #include "platform/Platform.h"
+#include "tray/StatusItem.h"
 #include "tray/StatusNotifierItem.h"
 
 namespace orrinvale

@@ -10,8 +10,8 @@
 #include "orrinvale/MenuBarController.h"
 #include "orrinvale/OnboardingWindowController.h"
 #include "orrinvale/SettingsWindowController.h"
-#include "orrinvale/StatusItem.h"
 #include "platform/Platform.h"
+#include "tray/StatusItem.h"
 
 #include <QWidget>
 

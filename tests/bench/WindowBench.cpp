@@ -11,7 +11,6 @@
 #include "orrinvale/Popover.h"
 #include "orrinvale/SensitivityRow.h"
 #include "orrinvale/SettingsWindowController.h"
-#include "orrinvale/StatusItem.h"
 #include "orrinvale/WakeEngine.h"
 #include "platform/fake/FakeFilePanels.h"
 #include "platform/fake/FakePlatform.h"
@@ -21,6 +20,7 @@
 #include "tests/bench/RealParts.h"
 #include "tests/shots/History.h"
 #include "text/LocalCalendar.h"
+#include "tray/StatusItem.h"
 
 #include <QApplication>
 #include <QEvent>

@@ -8,9 +8,9 @@
 #include "orrinvale/Popover.h"
 #include "orrinvale/ReasonCardView.h"
 #include "orrinvale/StatusIcon.h"
-#include "orrinvale/StatusItem.h"
 #include "orrinvale/StatusPopoverViewController.h"
 #include "tests/interface/InterfaceFixture.h"
+#include "tray/StatusItem.h"
 
 #include <QPointer>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/StatusItem.h"
+#include "tray/StatusItem.h"
 
 #include "base/MainQueue.h"
 #include "tray/StatusNotifierItem.h"
