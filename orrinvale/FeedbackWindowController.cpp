@@ -5,10 +5,10 @@
 #include "base/MainQueue.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/FeedbackFailureWindow.h"
-#include "orrinvale/InstalledFiles.h"
 #include "orrinvale/ThemeLook.h"
 #include "platform/Appearance.h"
 #include "platform/Platform.h"
+#include "platform/qt/InstalledFiles.h"
 
 #include <QWidget>
 

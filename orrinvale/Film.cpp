@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/Film.h"
 
-#include "orrinvale/InstalledFiles.h"
+#include "platform/qt/InstalledFiles.h"
 
 #include <QResource>
 
