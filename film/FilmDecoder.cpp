@@ -3,7 +3,7 @@
 
 // Decodes a film with FFmpeg's libraries, on the thread that asks for frames and without a thread of its own: at 12
 // small frames a second that costs less than keeping a player beside it.
-#include "orrinvale/Film.h"
+#include "film/Film.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>

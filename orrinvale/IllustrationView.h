@@ -3,7 +3,7 @@
 #pragma once
 
 #include "base/Cancellable.h"
-#include "orrinvale/Film.h"
+#include "film/Film.h"
 
 #include <QWidget>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/Film.h"
+#include "film/Film.h"
 
 #include "platform/qt/InstalledFiles.h"
 
