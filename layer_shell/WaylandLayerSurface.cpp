@@ -4,7 +4,7 @@
 // Speaks the layer shell's protocol for a window whose surface Qt has made and left without a role. Under it lies a
 // transparent shield over every screen, which takes the click elsewhere: to other windows' surfaces a client is blind.
 // A fullscreen window may lie above the shield; a click on it is its own.
-#include "orrinvale/LayerSurface.h"
+#include "layer_shell/LayerSurface.h"
 
 #include "viewporter-client.h"
 #include "wlr-layer-shell-unstable-v1-client.h"

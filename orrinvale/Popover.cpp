@@ -7,7 +7,7 @@
 #include "kit/Look.h"
 #include "kit/OverlayScrollArea.h"
 #include "kit/Shapes.h"
-#include "orrinvale/LayerSurface.h"
+#include "layer_shell/LayerSurface.h"
 #include "orrinvale/PopoverLayout.h"
 
 #include <QBitmap>

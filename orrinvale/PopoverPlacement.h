@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "orrinvale/LayerSurface.h"
+#include "layer_shell/LayerSurface.h"
 #include "tray/StatusItemAnchor.h"
 
 #include <QRect>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
+#include "layer_shell/LayerSurface.h"
 #include "orrinvale/AppDelegate.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/ApplicationPalette.h"
-#include "orrinvale/LayerSurface.h"
 #include "orrinvale/WidgetFilePanels.h"
 #include "orrinvale/WidgetInterface.h"
 #include "platform/linux/Compositing.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "orrinvale/LayerSurface.h"
+#include "layer_shell/LayerSurface.h"
 
 #include "platform/qt/InstalledFiles.h"
 
