@@ -7,6 +7,7 @@
 #include <map>
 #include <mutex>
 #include <thread>
+#include <type_traits>
 
 #include <pthread.h>
 
@@ -18,7 +19,17 @@ namespace
 
 using SteadyTime = std::chrono::steady_clock::time_point;
 constexpr auto lingerTime = std::chrono::seconds(60);
-constexpr std::size_t longestThreadName = 15; // pthread_setname_np's limit without the final zero
+constexpr std::size_t longestThreadName = 15; // the smallest limit of any system, without the final zero
+
+// Names the calling thread by pthread_setname_np, which some C libraries want to be told the thread.
+template <typename SetName>
+void nameThisThread(SetName setName, const std::string& name)
+{
+    if constexpr (std::is_invocable_v<SetName, pthread_t, const char*>)
+        setName(pthread_self(), name.c_str());
+    else
+        setName(name.c_str());
+}
 
 } // namespace
 
@@ -61,7 +72,7 @@ struct ThreadSerialQueue::Shared : std::enable_shared_from_this<Shared> {
     void run()
     {
         blockSignals();
-        pthread_setname_np(pthread_self(), label.substr(0, longestThreadName).c_str());
+        nameThisThread(&pthread_setname_np, label.substr(0, longestThreadName));
         std::unique_lock lock(mutex);
         while (!ended && waitForWork(lock))
             runFirst(lock);

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <vector>
 
+#include <fast_float/fast_float.h>
+
 namespace orrinvale
 {
 
@@ -28,7 +30,22 @@ std::vector<std::string_view> pieces(std::string_view line)
     return found;
 }
 
-// The whole text as a number in the C locale; a leading "+" is allowed, "inf" and "nan" are not.
+std::errc read(std::string_view text, const char*& stop, std::int32_t& value)
+{
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+    stop = result.ptr;
+    return result.ec;
+}
+
+// Not every standard library reads fractions.
+std::errc read(std::string_view text, const char*& stop, double& value)
+{
+    const auto result = fast_float::from_chars(text.data(), text.data() + text.size(), value);
+    stop = result.ptr;
+    return result.ec;
+}
+
+// The whole text as a number in the C locale; a leading "+" is allowed.
 template <typename Number>
 std::optional<Number> number(std::string_view text)
 {
@@ -38,9 +55,8 @@ std::optional<Number> number(std::string_view text)
             return std::nullopt;
     }
     Number value{};
-    const auto* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value);
-    if (error != std::errc{} || stop != end)
+    const char* stop = nullptr;
+    if (read(text, stop, value) != std::errc{} || stop != text.data() + text.size())
         return std::nullopt;
     return value;
 }

@@ -15,7 +15,6 @@ namespace orrinvale
 namespace
 {
 
-constexpr std::uint64_t restartAt = 1u << 30;
 // Two seconds of the kernel's USER_HZ. What waits for its old height that long still grows for most of the next sample,
 // so that a fall alone never looks like two busy samples in a row.
 constexpr std::uint64_t largestFall = 200;
@@ -38,7 +37,7 @@ std::optional<std::uint64_t> takeNumber(std::string_view& text)
 bool LinuxCPUCounters::Counter::hasRestarted(const Ticks& reading) const
 {
     for (std::size_t i = 0; i < reading.size(); ++i) {
-        if (reading[i] < highest[i] && highest[i] - reading[i] > largestFall)
+        if (reading[i] < (*highest)[i] && (*highest)[i] - reading[i] > largestFall)
             return true;
     }
     return false;
@@ -46,19 +45,17 @@ bool LinuxCPUCounters::Counter::hasRestarted(const Ticks& reading) const
 
 void LinuxCPUCounters::Counter::update(const Ticks& reading)
 {
-    if (!known || hasRestarted(reading))
-        base = highest = reading;
-    known = true;
-    for (std::size_t i = 0; i < reading.size(); ++i)
-        highest[i] = std::max(highest[i], reading[i]);
-}
-
-LinuxCPUCounters::Ticks LinuxCPUCounters::Counter::value() const
-{
-    Ticks ticks{};
-    for (std::size_t i = 0; known && i < ticks.size(); ++i)
-        ticks[i] = highest[i] - base[i];
-    return ticks;
+    if (!highest || hasRestarted(reading)) {
+        highest = reading;
+        ticks = {};
+        return;
+    }
+    Ticks growth{};
+    for (std::size_t i = 0; i < reading.size(); ++i) {
+        growth[i] = std::max((*highest)[i], reading[i]) - (*highest)[i];
+        (*highest)[i] += growth[i];
+    }
+    ticks.grow(growth);
 }
 
 LinuxCPUCounters::LinuxCPUCounters(const std::string& statFile)
@@ -78,10 +75,8 @@ CPUCounters::Host LinuxCPUCounters::host()
 {
     if (const auto error = read(); error != 0)
         return {error, {}};
-    const auto ticks = m_host.value();
-    return {0,
-            {static_cast<std::uint32_t>(ticks[0]), static_cast<std::uint32_t>(ticks[1]),
-             static_cast<std::uint32_t>(ticks[2]), static_cast<std::uint32_t>(ticks[3])}};
+    const auto& [user, system, idle, nice] = m_host.ticks.value();
+    return {0, {user, system, idle, nice}};
 }
 
 std::optional<std::vector<std::int32_t>> LinuxCPUCounters::processors()
@@ -91,7 +86,7 @@ std::optional<std::vector<std::int32_t>> LinuxCPUCounters::processors()
     std::vector<std::int32_t> all;
     all.reserve(m_processors.size() * 4);
     for (const auto& processor : m_processors) {
-        for (const auto ticks : processor.value())
+        for (const auto ticks : processor.ticks.value())
             all.push_back(static_cast<std::int32_t>(ticks));
     }
     return all;
@@ -107,7 +102,7 @@ int LinuxCPUCounters::read()
             return errno;
         if (static_cast<std::size_t>(length) < m_text.size()) {
             parse(std::string_view(m_text.data(), static_cast<std::size_t>(length)));
-            return m_host.known ? 0 : EINVAL;
+            return m_host.highest ? 0 : EINVAL;
         }
         m_text.resize(m_text.size() * 2);
     }
@@ -120,7 +115,6 @@ void LinuxCPUCounters::parse(std::string_view text)
         parseLine(text.substr(3, end - 3));
         text.remove_prefix(end + 1);
     }
-    restartWhenLarge();
 }
 
 void LinuxCPUCounters::parseLine(std::string_view line)
@@ -141,20 +135,6 @@ void LinuxCPUCounters::parseLine(std::string_view line)
         m_processors.resize(*number + 1);
     auto& counter = isHost ? m_host : m_processors[*number];
     counter.update({column[0], column[2] + column[5] + column[6], column[3] + column[4], column[1]});
-}
-
-void LinuxCPUCounters::restartWhenLarge()
-{
-    const auto restart = [](Counter& counter) {
-        auto room = restartAt; // of all four, whose sum could leave even 64 bits
-        for (const auto ticks : counter.value())
-            room -= std::min(room, ticks);
-        if (room == 0)
-            counter.base = counter.highest;
-    };
-    restart(m_host);
-    for (auto& processor : m_processors)
-        restart(processor);
 }
 
 } // namespace orrinvale

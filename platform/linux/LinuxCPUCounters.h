@@ -3,8 +3,8 @@
 #pragma once
 
 #include "platform/CPUCounters.h"
+#include "platform/RestartingTicks.h"
 
-#include <array>
 #include <string>
 #include <string_view>
 
@@ -13,9 +13,7 @@ namespace orrinvale
 
 // Ticks from /proc/stat. Single counters of it may fall by a little (iowait does), so each one handed out is the
 // maximum of its readings. One that falls by much has begun anew (a processor that was offline, on some kernels a
-// resume), and its processor does so too, with all four at zero. They count from this object's making, and a
-// processor's four begin again at zero before their sum is 2^30, so that no uptime overflows them, nor the sum of their
-// differences when they fall.
+// resume), and its processor does so too, with all four at zero. They count from this object's making.
 class LinuxCPUCounters final : public CPUCounters
 {
 public:
@@ -28,20 +26,17 @@ public:
     std::optional<std::vector<std::int32_t>> processors() override; // of the same reading
 
 private:
-    using Ticks = std::array<std::uint64_t, 4>; // user, system, idle, nice
+    using Ticks = RestartingTicks::Growth; // user, system, idle, nice
     struct Counter {
-        Ticks highest{};
-        Ticks base{};
-        bool known = false;
+        std::optional<Ticks> highest;
+        RestartingTicks ticks;
         bool hasRestarted(const Ticks& reading) const;
         void update(const Ticks& reading);
-        Ticks value() const;
     };
 
     int read();
     void parse(std::string_view text);
     void parseLine(std::string_view line);
-    void restartWhenLarge();
 
     int m_file;
     int m_openError;

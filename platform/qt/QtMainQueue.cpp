@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+#include <time.h>
+
 namespace orrinvale
 {
 
@@ -55,7 +57,15 @@ void QtMainQueue::runPosted()
 
 TimerQueue::Time QtMainQueue::now()
 {
-    return std::chrono::steady_clock::now().time_since_epoch();
+    // Not std::chrono's steady clock, which on macOS counts the time of a suspended machine.
+#ifdef CLOCK_UPTIME_RAW
+    constexpr auto clock = CLOCK_UPTIME_RAW;
+#else
+    constexpr auto clock = CLOCK_MONOTONIC;
+#endif
+    timespec time{};
+    ::clock_gettime(clock, &time);
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
 Cancellable QtMainQueue::after(std::chrono::nanoseconds delay, std::function<void()> work)
