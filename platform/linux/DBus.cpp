@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/DBus.h"
 
-#include <QDBusArgument>
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 
@@ -35,12 +34,28 @@ QDBusMessage getAllCall(const QString& service, const QString& path, const QStri
     return call;
 }
 
+std::optional<QDBusArgument> unreadOf(const QVariant& value, const char* signature)
+{
+    const auto plain = unwrapped(value);
+    if (plain.metaType() != QMetaType::fromType<QDBusArgument>())
+        return std::nullopt;
+    const auto argument = plain.value<QDBusArgument>();
+    return argument.currentSignature() == QLatin1String(signature) ? std::optional(argument) : std::nullopt;
+}
+
+template <>
+std::optional<QVariantMap> valueOf<QVariantMap>(const QVariant& value)
+{
+    const auto plain = unwrapped(value);
+    if (plain.metaType() == QMetaType::fromType<QVariantMap>())
+        return plain.toMap();
+    const auto argument = unreadOf(plain, "a{sv}");
+    return argument ? std::optional(qdbus_cast<QVariantMap>(*argument)) : std::nullopt;
+}
+
 QVariantMap mapOf(const QDBusMessage& message, int argument)
 {
-    if (message.type() == QDBusMessage::ErrorMessage || message.arguments().size() <= argument)
-        return {};
-    const auto value = message.arguments().at(argument);
-    return value.metaType() == QMetaType::fromType<QDBusArgument>() ? qdbus_cast<QVariantMap>(value) : value.toMap();
+    return argumentOf<QVariantMap>(message, argument).value_or(QVariantMap());
 }
 
 DBusSignal::DBusSignal(QDBusConnection bus, QString service, QString path, QString interface, QString name,

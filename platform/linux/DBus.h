@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusServiceWatcher>
@@ -10,6 +11,7 @@
 #include <QVariantMap>
 
 #include <functional>
+#include <optional>
 
 namespace orrinvale
 {
@@ -21,8 +23,38 @@ void callLater(const QDBusConnection& bus, const QDBusMessage& call, QObject* co
 // The value inside any number of nested variants.
 QVariant unwrapped(QVariant value);
 
+// What a D-Bus value says, inside any number of variants, when its signature is that of `Value`; nullopt for every
+// other one. Whoever sends a message chooses its signature, and nothing is converted: a text is no number.
+template <typename Value>
+std::optional<Value> valueOf(const QVariant& value)
+{
+    const auto plain = unwrapped(value);
+    if (plain.metaType() != QMetaType::fromType<Value>())
+        return std::nullopt;
+    return plain.value<Value>();
+}
+template <>
+std::optional<QVariantMap> valueOf<QVariantMap>(const QVariant& value); // a{sv}
+
+// What is yet to be read of a value whose signature is this one; nullopt for every other one.
+std::optional<QDBusArgument> unreadOf(const QVariant& value, const char* signature);
+
+template <typename Value>
+std::optional<Value> argumentOf(const QDBusMessage& message, int index = 0)
+{
+    if (message.type() == QDBusMessage::ErrorMessage || message.arguments().size() <= index)
+        return std::nullopt;
+    return valueOf<Value>(message.arguments().at(index));
+}
+
+template <typename Value>
+std::optional<Value> memberOf(const QVariantMap& map, const QString& key)
+{
+    return valueOf<Value>(map.value(key));
+}
+
 QDBusMessage getAllCall(const QString& service, const QString& path, const QString& interface);
-// The reply's map; empty when it holds none.
+// The message's a{sv}; empty when that argument is none.
 QVariantMap mapOf(const QDBusMessage& message, int argument = 0);
 
 // Calls `handler` for each signal of this kind, until it is destroyed. An empty service or path matches every one.

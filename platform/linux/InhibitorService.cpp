@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/InhibitorService.h"
 
+#include "platform/linux/DBus.h"
+
 #include <QDBusObjectPath>
 #include <QDBusUnixFileDescriptor>
 
@@ -32,21 +34,12 @@ QDBusMessage call(const Interface& interface, const QString& method, const QVari
     return message;
 }
 
-template <typename Value>
-std::optional<Value> firstArgument(const QDBusMessage& reply)
-{
-    const auto arguments = reply.arguments();
-    if (arguments.isEmpty() || arguments.first().metaType() != QMetaType::fromType<Value>())
-        return std::nullopt;
-    return arguments.first().value<Value>();
-}
-
 InhibitorService cookieService(const Interface& interface, const QString& take, const QString& release,
                                const std::function<QVariantList(const QString& why)>& arguments)
 {
     const auto request = [=](const QString& why) { return call(interface, take, arguments(why)); };
     const auto lock = [=](const QDBusConnection& bus, const QDBusMessage& reply) -> Cancellable {
-        const auto cookie = firstArgument<uint>(reply);
+        const auto cookie = argumentOf<uint>(reply);
         if (!cookie)
             return {};
         return Cancellable([=] { bus.send(call(interface, release, {*cookie})); });
@@ -70,7 +63,7 @@ InhibitorService logindIdleService()
         return call(manager, QStringLiteral("Inhibit"), {QStringLiteral("idle"), who, why, QStringLiteral("block")});
     };
     const auto lock = [](const QDBusConnection&, const QDBusMessage& reply) -> Cancellable {
-        const auto descriptor = firstArgument<QDBusUnixFileDescriptor>(reply);
+        const auto descriptor = argumentOf<QDBusUnixFileDescriptor>(reply);
         if (!descriptor || !descriptor->isValid())
             return {};
         // The token owns the descriptor, and logind frees the lock when its last copy closes.
@@ -125,7 +118,7 @@ InhibitorService portalService()
         return call(portal, QStringLiteral("Inhibit"), {QString(), portalSuspend, options});
     };
     const auto lock = [service = portal.service](const QDBusConnection& bus, const QDBusMessage& reply) -> Cancellable {
-        const auto handle = firstArgument<QDBusObjectPath>(reply);
+        const auto handle = argumentOf<QDBusObjectPath>(reply);
         if (!handle)
             return {};
         const Interface held{service, handle->path(), QStringLiteral("org.freedesktop.portal.Request")};

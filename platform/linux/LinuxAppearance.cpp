@@ -39,8 +39,8 @@ LinuxAppearance::LinuxAppearance(const QDBusConnection& sessionBus, Windows wind
       m_watcher(service, m_bus, QDBusServiceWatcher::WatchForRegistration),
       m_settingChanged(m_bus, service, path, interface, QStringLiteral("SettingChanged"),
                        [this](const QDBusMessage& message) {
-                           const auto arguments = message.arguments();
-                           take(arguments.value(0).toString(), arguments.value(1).toString(), arguments.value(2));
+                           take(argumentOf<QString>(message).value_or(QString()),
+                                argumentOf<QString>(message, 1).value_or(QString()), message.arguments().value(2));
                        })
 {
     QObject::connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, [this] { ask(); });
@@ -60,13 +60,20 @@ void LinuxAppearance::take(const QString& settingsNamespace, const QString& key,
     const Setting setting{settingsNamespace, key};
     if (setting == colorScheme)
         takeColorScheme(value);
-    const auto plain = unwrapped(value);
-    if (setting == gnomeAnimations && plain.typeId() == QMetaType::Bool)
-        m_reducesMotion = !plain.toBool();
-    bool isNumber = false;
-    const auto factor = plain.toDouble(&isNumber);
-    if (setting == kdeAnimations && isNumber)
-        m_reducesMotion = factor == 0;
+    if (const auto enabled = valueOf<bool>(value); setting == gnomeAnimations && enabled)
+        m_reducesMotion = !*enabled;
+    if (setting == kdeAnimations)
+        takeDurationFactor(value);
+}
+
+// A number or its text, by the portal's version.
+void LinuxAppearance::takeDurationFactor(const QVariant& value)
+{
+    auto isNumber = true;
+    const auto text = valueOf<QString>(value);
+    const auto number = text ? std::optional(text->toDouble(&isNumber)) : valueOf<double>(value);
+    if (number && isNumber)
+        m_reducesMotion = *number == 0;
 }
 
 void LinuxAppearance::prime(std::chrono::milliseconds bound)
@@ -79,11 +86,10 @@ void LinuxAppearance::prime(std::chrono::milliseconds bound)
 
 void LinuxAppearance::takeColorScheme(const QVariant& value)
 {
-    bool isNumber = false;
-    const auto scheme = unwrapped(value).toUInt(&isNumber);
-    if (!isNumber)
+    const auto scheme = valueOf<uint>(value);
+    if (!scheme)
         return;
-    const auto before = std::exchange(m_systemIsDark, scheme == preferDark);
+    const auto before = std::exchange(m_systemIsDark, *scheme == preferDark);
     if (before == m_systemIsDark)
         return;
     applyToWindows();

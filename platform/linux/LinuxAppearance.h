@@ -41,6 +41,7 @@ private:
     void applyToWindows();
     void take(const QString& settingsNamespace, const QString& key, const QVariant& value);
     void takeColorScheme(const QVariant& value);
+    void takeDurationFactor(const QVariant& value);
 
     QDBusConnection m_bus;
     Windows m_windows;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxInhibitor.h"
 
+#include "platform/linux/DBus.h"
+
 #include <QDBusError>
 
 #include <cerrno>
@@ -110,7 +112,7 @@ bool LinuxInhibitor::takeReply()
 
 void LinuxInhibitor::takePresence(const QDBusMessage& reply)
 {
-    m_isPresent = !reply.arguments().isEmpty() && reply.arguments().first().toBool();
+    m_isPresent = argumentOf<bool>(reply) == true;
 }
 
 void LinuxInhibitor::takeGrant(const QDBusMessage& reply)

@@ -119,16 +119,16 @@ void LinuxPowerSources::prime(std::chrono::milliseconds bound)
 
 void LinuxPowerSources::takeDevice(const QVariantMap& properties)
 {
-    if (const auto value = properties.value(QStringLiteral("IsPresent")); value.isValid())
-        m_isPresent = value.toBool();
-    if (const auto value = properties.value(QStringLiteral("Percentage")); value.isValid())
-        m_percentage = value.toDouble();
+    if (const auto isPresent = memberOf<bool>(properties, QStringLiteral("IsPresent")))
+        m_isPresent = isPresent;
+    if (const auto percentage = memberOf<double>(properties, QStringLiteral("Percentage")))
+        m_percentage = percentage;
 }
 
 void LinuxPowerSources::takeManager(const QVariantMap& properties)
 {
-    if (const auto value = properties.value(QStringLiteral("OnBattery")); value.isValid())
-        m_onBattery = value.toBool();
+    if (const auto isOnBattery = memberOf<bool>(properties, QStringLiteral("OnBattery")))
+        m_onBattery = isOnBattery;
 }
 
 void LinuxPowerSources::forget()

@@ -45,8 +45,8 @@ void LinuxSessionEvents::findSession()
     call.setAutoStartService(false);
     // "auto" is the caller's session, or the user's graphical one for a caller outside any.
     callLater(m_systemBus, call << QStringLiteral("auto"), this, [this](const QDBusMessage& reply) {
-        if (reply.type() == QDBusMessage::ReplyMessage)
-            followSession(reply.arguments().value(0).value<QDBusObjectPath>().path());
+        if (const auto path = argumentOf<QDBusObjectPath>(reply))
+            followSession(path->path());
     });
 }
 
@@ -61,10 +61,10 @@ void LinuxSessionEvents::followSession(const QString& path)
 
 void LinuxSessionEvents::takeSession(const QVariantMap& properties)
 {
-    if (const auto active = properties.value(QStringLiteral("Active")); active.isValid())
-        say(QStringLiteral("inactive"), !active.toBool());
-    if (const auto locked = properties.value(QStringLiteral("LockedHint")); locked.isValid())
-        say(QStringLiteral("locked"), locked.toBool());
+    if (const auto isActive = memberOf<bool>(properties, QStringLiteral("Active")))
+        say(QStringLiteral("inactive"), !*isActive);
+    if (const auto isLocked = memberOf<bool>(properties, QStringLiteral("LockedHint")))
+        say(QStringLiteral("locked"), *isLocked);
 }
 
 void LinuxSessionEvents::watchScreenSavers()
@@ -73,9 +73,12 @@ void LinuxSessionEvents::watchScreenSavers()
     m_saverWatcher.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
     for (const auto& name : screenSavers) {
         m_saverWatcher.addWatchedService(name);
-        m_signals.push_back(std::make_unique<DBusSignal>(
-            m_sessionBus, QString(), QString(), name, QStringLiteral("ActiveChanged"),
-            [this, name](const QDBusMessage& message) { say(name, message.arguments().value(0).toBool()); }));
+        m_signals.push_back(std::make_unique<DBusSignal>(m_sessionBus, QString(), QString(), name,
+                                                         QStringLiteral("ActiveChanged"),
+                                                         [this, name](const QDBusMessage& message) {
+                                                             if (const auto isActive = argumentOf<bool>(message))
+                                                                 say(name, *isActive);
+                                                         }));
     }
     m_saverWatcher.addWatchedService(compositor);
     QObject::connect(&m_saverWatcher, &QDBusServiceWatcher::serviceUnregistered, this,
@@ -88,8 +91,8 @@ void LinuxSessionEvents::watchCompositor()
     m_signals.push_back(std::make_unique<DBusSignal>(
         m_sessionBus, compositor, QStringLiteral("/org/gnome/Mutter/DisplayConfig"), propertiesInterface,
         propertiesChanged, [this, power](const QDBusMessage& message) {
-            if (const auto mode = mapOf(message, 1).value(power); mode.isValid())
-                say(compositor, mode.toInt() > 0);
+            if (const auto mode = memberOf<int>(mapOf(message, 1), power))
+                say(compositor, *mode > 0);
         }));
 }
 

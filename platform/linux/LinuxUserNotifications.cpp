@@ -23,7 +23,7 @@ LinuxUserNotifications::LinuxUserNotifications(const QDBusConnection& sessionBus
     : m_bus(sessionBus), m_watcher(service, m_bus, QDBusServiceWatcher::WatchForOwnerChange),
       m_closed(m_bus, service, path, service, QStringLiteral("NotificationClosed"),
                [this](const QDBusMessage& message) {
-                   const auto id = message.arguments().value(0).toUInt();
+                   const auto id = argumentOf<uint>(message).value_or(0);
                    for (auto& [identifier, notification] : m_notifications) {
                        if (notification.deliveredId == id)
                            notification.deliveredId = 0;
@@ -71,7 +71,7 @@ void LinuxUserNotifications::askForMarkup()
 {
     m_markup = Markup::Asked;
     callLater(m_bus, notificationCall("GetCapabilities"), this, [this, daemon = m_daemon](const QDBusMessage& reply) {
-        const auto capabilities = reply.arguments().value(0).toStringList();
+        const auto capabilities = argumentOf<QStringList>(reply).value_or(QStringList());
         if (daemon == m_daemon)
             m_markup = capabilities.contains(QStringLiteral("body-markup")) ? Markup::Supported : Markup::Plain;
         for (const auto& [identifier, notification] : m_notifications)
@@ -105,8 +105,7 @@ void LinuxUserNotifications::send(const std::string& identifier)
     callLater(m_bus, call, this, [this, identifier, daemon = m_daemon](const QDBusMessage& reply) {
         auto& arrived = m_notifications[identifier];
         arrived.isOnItsWay = false;
-        const auto isOurs = reply.type() == QDBusMessage::ReplyMessage && daemon == m_daemon;
-        arrived.deliveredId = isOurs ? reply.arguments().value(0).toUInt() : 0;
+        arrived.deliveredId = daemon == m_daemon ? argumentOf<uint>(reply).value_or(0) : 0;
         if (std::exchange(arrived.closeOnArrival, false) && arrived.deliveredId != 0)
             close(std::exchange(arrived.deliveredId, 0));
         send(identifier);

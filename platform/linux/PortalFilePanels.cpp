@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/PortalFilePanels.h"
 
-#include <QDBusArgument>
 #include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
 #include <QFile>
@@ -96,9 +95,9 @@ QString requestPath(const QDBusConnection& bus, int number)
 std::optional<std::filesystem::path> chosenPath(const QDBusMessage& response)
 {
     constexpr uint success = 0;
-    if (response.arguments().value(0).toUInt() != success)
+    if (argumentOf<uint>(response) != success)
         return std::nullopt;
-    const auto uris = unwrapped(mapOf(response, 1).value(QStringLiteral("uris"))).toStringList();
+    const auto uris = memberOf<QStringList>(mapOf(response, 1), QStringLiteral("uris")).value_or(QStringList());
     const auto file = uris.isEmpty() ? QString() : QUrl(uris.front()).toLocalFile();
     return file.isEmpty() ? std::nullopt : std::optional<std::filesystem::path>(QFile::encodeName(file).toStdString());
 }
