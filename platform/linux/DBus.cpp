@@ -5,6 +5,8 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 
+#include <algorithm>
+
 namespace orrinvale
 {
 
@@ -17,6 +19,11 @@ void callLater(const QDBusConnection& bus, const QDBusMessage& call, QObject* co
                          finished->deleteLater();
                          handler(finished->reply());
                      });
+}
+
+int millisecondsLeft(const QDeadlineTimer& deadline)
+{
+    return std::max(static_cast<int>(deadline.remainingTime()), 1);
 }
 
 QVariant unwrapped(QVariant value)

@@ -6,6 +6,7 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusServiceWatcher>
+#include <QDeadlineTimer>
 #include <QObject>
 #include <QStringList>
 #include <QVariantMap>
@@ -19,6 +20,9 @@ namespace orrinvale
 // Sends `call` and hands the reply, an error reply too, to `handler` in a later turn; never once `context` is gone.
 void callLater(const QDBusConnection& bus, const QDBusMessage& call, QObject* context,
                std::function<void(const QDBusMessage&)> handler);
+
+// What a call that must answer by then may take; 1 at least, since none would mean the library's own half a minute.
+int millisecondsLeft(const QDeadlineTimer& deadline);
 
 // The value inside any number of nested variants.
 QVariant unwrapped(QVariant value);

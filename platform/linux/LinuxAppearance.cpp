@@ -76,9 +76,9 @@ void LinuxAppearance::takeDurationFactor(const QVariant& value)
         m_reducesMotion = *number == 0;
 }
 
-void LinuxAppearance::prime(std::chrono::milliseconds bound)
+void LinuxAppearance::prime(const QDeadlineTimer& deadline)
 {
-    auto call = m_bus.asyncCall(readCall(colorScheme), static_cast<int>(bound.count()));
+    auto call = m_bus.asyncCall(readCall(colorScheme), millisecondsLeft(deadline));
     call.waitForFinished();
     if (!call.isError())
         takeColorScheme(call.reply().arguments().value(0));

@@ -6,7 +6,6 @@
 #include "platform/Appearance.h"
 #include "platform/linux/DBus.h"
 
-#include <chrono>
 #include <optional>
 
 namespace orrinvale
@@ -27,8 +26,8 @@ public:
     };
     LinuxAppearance(const QDBusConnection& sessionBus, Windows windows);
 
-    // Waits for the portal's first answer, at most for `bound`.
-    void prime(std::chrono::milliseconds bound);
+    // Waits for the portal's first answer, at most until `deadline`.
+    void prime(const QDeadlineTimer& deadline);
 
     void apply(AppearanceChoice choice) override;
     bool isDark() const override;

@@ -6,7 +6,6 @@
 
 #include <QCoreApplication>
 
-#include <algorithm>
 #include <chrono>
 
 namespace orrinvale
@@ -31,15 +30,11 @@ LinuxPlatform::LinuxPlatform(Desktop desktop)
 
 void LinuxPlatform::prime()
 {
-    const auto end = std::chrono::steady_clock::now() + primingBound;
-    const auto left = [end] {
-        const auto rest = end - std::chrono::steady_clock::now();
-        return std::max(std::chrono::duration_cast<std::chrono::milliseconds>(rest), 1ms);
-    };
+    const QDeadlineTimer deadline(primingBound);
     m_runningApplications.refresh(); // goes on beside the questions below
-    m_powerSources.prime(left());
-    m_appearance.prime(left());
-    m_runningApplications.waitForRefresh(left());
+    m_powerSources.prime(deadline);
+    m_appearance.prime(deadline);
+    m_runningApplications.waitForRefresh(std::chrono::milliseconds(millisecondsLeft(deadline)));
 }
 
 Platform LinuxPlatform::platform()

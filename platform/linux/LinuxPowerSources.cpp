@@ -46,9 +46,20 @@ std::optional<std::int64_t> capacityOf(const fs::path& battery)
     const auto text = attribute(battery, "capacity");
     std::int64_t percent = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), percent);
-    if (error != std::errc{})
+    if (error != std::errc{} || percent < 0 || percent > 100)
         return std::nullopt;
     return percent * fullCapacity / 100;
+}
+
+enum class External { unknown, absent, present };
+
+// A battery that neither charges nor discharges does not tell where the power comes from: the adapters do, where there
+// are any.
+const char* stateOf(const std::string& batteryStatus, External external)
+{
+    if (external == External::present || batteryStatus == "Charging")
+        return onMains;
+    return external == External::absent || batteryStatus == "Discharging" ? onBattery : onMains;
 }
 
 } // namespace
@@ -56,20 +67,22 @@ std::optional<std::int64_t> capacityOf(const fs::path& battery)
 std::optional<PowerSource> powerSourceFromSysfs(const std::string& folder)
 {
     std::optional<PowerSource> battery;
-    bool external = false;
+    std::string status;
+    auto external = External::unknown;
     std::error_code error;
     for (fs::directory_iterator each(folder, error), end; !error && each != end; each.increment(error)) {
         const auto& device = each->path();
         const auto type = attribute(device, "type");
-        if (type == "Mains" || type == "USB")
-            external = external || attribute(device, "online") == "1";
+        if ((type == "Mains" || type == "USB") && external != External::present)
+            external = attribute(device, "online") == "1" ? External::present : External::absent;
         const auto isOurs = type == "Battery" && attribute(device, "scope") != "Device";
-        if (isOurs && !battery && attribute(device, "present") != "0")
-            battery = PowerSource{attribute(device, "status") == "Discharging" ? onBattery : onMains,
-                                  capacityOf(device), fullCapacity};
+        if (isOurs && !battery && attribute(device, "present") != "0") {
+            battery = PowerSource{std::nullopt, capacityOf(device), fullCapacity};
+            status = attribute(device, "status");
+        }
     }
-    if (battery && external)
-        battery->state = onMains;
+    if (battery)
+        battery->state = stateOf(status, external);
     return battery;
 }
 
@@ -98,11 +111,15 @@ void LinuxPowerSources::ask()
               [this](const auto& reply) { takeManager(mapOf(reply)); });
 }
 
-void LinuxPowerSources::prime(std::chrono::milliseconds bound)
+// /sys is read beside the questions: a UPower that lets all the time pass leaves its word.
+void LinuxPowerSources::prime(const QDeadlineTimer& deadline)
 {
-    const auto milliseconds = static_cast<int>(bound.count());
-    auto device = m_bus.asyncCall(getAllCall(service, devicePath, deviceInterface), milliseconds);
-    auto manager = m_bus.asyncCall(getAllCall(service, managerPath, managerInterface), milliseconds);
+    const auto read = std::make_shared<std::promise<std::optional<PowerSource>>>();
+    auto result = read->get_future();
+    m_background.post([read, folder = m_sysfsFolder] { read->set_value(powerSourceFromSysfs(folder)); });
+    const auto bound = millisecondsLeft(deadline);
+    auto device = m_bus.asyncCall(getAllCall(service, devicePath, deviceInterface), bound);
+    auto manager = m_bus.asyncCall(getAllCall(service, managerPath, managerInterface), bound);
     device.waitForFinished();
     manager.waitForFinished();
     takeDevice(mapOf(device.reply()));
@@ -110,10 +127,7 @@ void LinuxPowerSources::prime(std::chrono::milliseconds bound)
     if (m_onBattery)
         return;
     ask(); // a UPower that is slow to start answers later
-    const auto read = std::make_shared<std::promise<std::optional<PowerSource>>>();
-    auto result = read->get_future();
-    m_background.post([read, folder = m_sysfsFolder] { read->set_value(powerSourceFromSysfs(folder)); });
-    if (result.wait_for(bound) == std::future_status::ready)
+    if (result.wait_for(std::chrono::milliseconds(millisecondsLeft(deadline))) == std::future_status::ready)
         m_sysfs = result.get();
 }
 
@@ -121,7 +135,8 @@ void LinuxPowerSources::takeDevice(const QVariantMap& properties)
 {
     if (const auto isPresent = memberOf<bool>(properties, QStringLiteral("IsPresent")))
         m_isPresent = isPresent;
-    if (const auto percentage = memberOf<double>(properties, QStringLiteral("Percentage")))
+    const auto percentage = memberOf<double>(properties, QStringLiteral("Percentage"));
+    if (percentage && *percentage >= 0 && *percentage <= 100) // which no NaN is
         m_percentage = percentage;
 }
 

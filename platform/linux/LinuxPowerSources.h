@@ -7,7 +7,6 @@
 #include "platform/PowerSources.h"
 #include "platform/linux/DBus.h"
 
-#include <chrono>
 #include <memory>
 
 namespace orrinvale
@@ -25,8 +24,8 @@ public:
     LinuxPowerSources(const QDBusConnection& systemBus, MainQueue& queue, SerialQueue& background,
                       std::string sysfsFolder = "/sys/class/power_supply");
 
-    // Waits for the first real value, at most for `bound`.
-    void prime(std::chrono::milliseconds bound);
+    // Waits for the first real value, at most until `deadline`.
+    void prime(const QDeadlineTimer& deadline);
 
     std::optional<PowerSource> first() override;
 

@@ -81,7 +81,7 @@ private:
 
 TEST_F(AppearanceTest, WithoutAPortalThePaletteTells)
 {
-    appearance().prime(100ms);
+    appearance().prime(QDeadlineTimer(100ms));
     EXPECT_FALSE(appearance().isDark());
     paletteIsDark = true;
     EXPECT_TRUE(appearance().isDark());
@@ -92,7 +92,7 @@ TEST_F(AppearanceTest, ThePortalIsBelievedBeforeThePalette)
 {
     Portal portal;
     portal.set(dark);
-    appearance().prime(2s);
+    appearance().prime(QDeadlineTimer(2s));
     EXPECT_TRUE(appearance().isDark());
 }
 
@@ -101,7 +101,7 @@ TEST_F(AppearanceTest, NoPreferenceIsLight)
     paletteIsDark = true;
     Portal portal;
     portal.set(noPreference);
-    appearance().prime(2s);
+    appearance().prime(QDeadlineTimer(2s));
     EXPECT_FALSE(appearance().isDark());
 }
 
@@ -109,7 +109,7 @@ TEST_F(AppearanceTest, ASwitchIsAnnouncedOnceAndSameValuesAreNot)
 {
     Portal portal;
     portal.set(light);
-    appearance().prime(2s);
+    appearance().prime(QDeadlineTimer(2s));
     auto changes = 0;
     const auto subscription = appearance().observeChanges([&] { ++changes; });
     portal.set(dark);
@@ -123,7 +123,7 @@ TEST_F(AppearanceTest, AChosenAppearanceOverrulesTheDesktop)
 {
     Portal portal;
     portal.set(dark);
-    appearance().prime(2s);
+    appearance().prime(QDeadlineTimer(2s));
     appearance().apply(AppearanceChoice::light);
     EXPECT_FALSE(appearance().isDark());
     appearance().apply(AppearanceChoice::dark);
@@ -147,7 +147,7 @@ TEST_F(AppearanceTest, APortalThatIsSlowDelaysTheStartByTheBoundAndIsHeardLater)
     Portal portal({QStringLiteral("0.5")});
     portal.set(dark);
     const auto begin = std::chrono::steady_clock::now();
-    appearance().prime(100ms);
+    appearance().prime(QDeadlineTimer(100ms));
     EXPECT_LT(std::chrono::steady_clock::now() - begin, 400ms);
     EXPECT_FALSE(appearance().isDark());
     EXPECT_TRUE(waitFor([&] { return appearance().isDark(); }));
@@ -155,7 +155,7 @@ TEST_F(AppearanceTest, APortalThatIsSlowDelaysTheStartByTheBoundAndIsHeardLater)
 
 TEST_F(AppearanceTest, APortalThatStartsLaterIsAsked)
 {
-    appearance().prime(100ms);
+    appearance().prime(QDeadlineTimer(100ms));
     Portal portal;
     EXPECT_TRUE(portal.says("answered org.freedesktop.appearance color-scheme"));
 }
@@ -177,7 +177,7 @@ TEST_F(AppearanceTest, ValuesOfOtherTypesAreIgnored)
     portal.set("org.freedesktop.appearance color-scheme 'dark'");
     portal.set("org.gnome.desktop.interface enable-animations 'no'");
     portal.set("org.gnome.desktop.interface color-scheme 'prefer-dark'");
-    appearance().prime(2s);
+    appearance().prime(QDeadlineTimer(2s));
     runEventsFor(100ms);
     EXPECT_FALSE(appearance().isDark());
     EXPECT_FALSE(appearance().reducesMotion());

@@ -181,7 +181,7 @@ TEST_F(LyingServicesTest, NoSignalOfAWrongShapeEndsAnyOfUsAndTheNextRightOneIsHe
     std::vector<ScreenPresence> presences;
     const auto token = events.observe([&](ScreenPresence presence) { presences.push_back(presence); });
     panels.chooseFolder({}, [](const auto&) {});
-    appearance.prime(100ms);
+    appearance.prime(QDeadlineTimer(100ms));
     for (const auto& body : wrongBodies())
         tellEverything(body);
     runEventsFor(200ms);
@@ -193,6 +193,11 @@ TEST_F(LyingServicesTest, NoSignalOfAWrongShapeEndsAnyOfUsAndTheNextRightOneIsHe
                         {{QStringLiteral("Percentage"), 19.6}, {QStringLiteral("IsPresent"), true}}));
     system.tell(upower, properties, changed, present("org.freedesktop.UPower", {{QStringLiteral("OnBattery"), true}}));
     EXPECT_TRUE(waitFor([&] { return sources.first().has_value(); }));
+    EXPECT_EQ(sources.first()->currentCapacity, 1960);
+    for (const auto nonsense : {std::nan(""), -std::numeric_limits<double>::infinity(), 1e300, -0.1, 100.1})
+        system.tell(displayDevice, properties, changed,
+                    present("org.freedesktop.UPower.Device", {{QStringLiteral("Percentage"), nonsense}}));
+    runEventsFor(100ms);
     EXPECT_EQ(sources.first()->currentCapacity, 1960);
     desktop.tell(portalPath, "org.freedesktop.portal.Settings", "SettingChanged",
                  {QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme"),
@@ -223,8 +228,8 @@ TEST_F(LyingServicesTest, NoAnswerOfAWrongShapeEndsAnyOfUs)
         notifications.removeDelivered({"a"});
         panels.chooseFolder({}, [](const auto&) {});
         panels.chooseFile({}, [](const auto&) {});
-        appearance.prime(1ms);
-        sources.prime(1ms);
+        appearance.prime(QDeadlineTimer(1ms));
+        sources.prime(QDeadlineTimer(1ms));
         runEventsFor(5ms);
         power.release(created.id);
     }

@@ -44,7 +44,7 @@ struct PowerSourcesTest : testing::Test {
 // One story, in order: the bed has one battery.
 TEST_F(PowerSourcesTest, FollowsARealUPower)
 {
-    sources.prime(1s);
+    sources.prime(QDeadlineTimer(1s));
     const auto source = sources.first();
     ASSERT_TRUE(source);
     EXPECT_EQ(source->state, "Battery Power");
@@ -97,6 +97,27 @@ TEST_F(SysfsTest, MainsOnlineIsExternalPower)
     EXPECT_EQ(powerSourceFromSysfs(folder)->state, "AC Power");
 }
 
+struct Told {
+    const char* status;
+    const char* online; // of the adapter; empty where there is none
+    const char* state;
+};
+
+TEST_F(SysfsTest, ABatteryThatIsNeitherChargedNorDrainedLeavesItToTheAdapters)
+{
+    for (const auto& row :
+         {Told{"Not charging", "0", "Battery Power"}, Told{"Unknown", "0", "Battery Power"},
+          Told{"Full", "0", "Battery Power"}, Told{"Not charging", "1", "AC Power"}, Told{"Unknown", "", "AC Power"},
+          Told{"Full", "", "AC Power"}, Told{"Charging", "0", "AC Power"}, Told{"Discharging", "", "Battery Power"}}) {
+        SCOPED_TRACE(std::string(row.status) + ' ' + row.online);
+        device("BAT0", {{"type", "Battery"}, {"status", row.status}, {"capacity", "50"}});
+        if (*row.online)
+            device("AC", {{"type", "Mains"}, {"online", row.online}});
+        EXPECT_EQ(powerSourceFromSysfs(folder)->state, row.state);
+        fs::remove_all(folder / "AC");
+    }
+}
+
 TEST_F(SysfsTest, TheBatteryOfAMouseIsNotTheMachines)
 {
     device("mouse", {{"type", "Battery"}, {"scope", "Device"}, {"status", "Discharging"}, {"capacity", "5"}});
@@ -111,8 +132,10 @@ TEST_F(SysfsTest, NothingToReadIsNothing)
 
 TEST_F(SysfsTest, ANonsensicalCapacityIsAbsent)
 {
-    device("BAT0", {{"type", "Battery"}, {"status", "Discharging"}, {"capacity", "full"}});
-    EXPECT_EQ(powerSourceFromSysfs(folder)->currentCapacity, std::nullopt);
+    for (const auto* capacity : {"full", "-1", "101", "9223372036854775807", "99999999999999999999", ""}) {
+        device("BAT0", {{"type", "Battery"}, {"status", "Discharging"}, {"capacity", capacity}});
+        EXPECT_EQ(powerSourceFromSysfs(folder)->currentCapacity, std::nullopt) << capacity;
+    }
 }
 
 } // namespace
