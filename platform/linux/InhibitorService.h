@@ -9,6 +9,8 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
+#include <vector>
 
 namespace orrinvale
 {
@@ -24,7 +26,23 @@ struct InhibitorService {
     std::function<QDBusMessage(const QString& why)> request;
     // Cancelling the lock releases it, detaching it forgets it without a word. Empty when the reply grants nothing.
     std::function<Cancellable(const QDBusConnection&, const QDBusMessage& reply)> lock;
+    // Whether a lock that was granted counts. A service without this question is believed.
+    std::function<QDBusMessage()> question;
+    // nullopt where the answer does not tell.
+    std::function<std::optional<bool>(const QDBusMessage& reply)> counts;
 };
+
+// One row of the login manager's list.
+struct LoginManagerLock {
+    QString what; // "idle", "sleep", "shutdown" …, with colons between
+    QString who;
+    QString mode; // "block", "delay", "block-weak"
+    uint process;
+
+    bool holds(QStringView thing) const;
+};
+QDBusMessage loginManagerCall(const QString& interface, const QString& method, const QVariantList& arguments);
+std::optional<std::vector<LoginManagerLock>> loginManagerLocks(const QDBusMessage& listInhibitorsReply);
 
 InhibitorService logindIdleService();
 InhibitorService policyAgentService();

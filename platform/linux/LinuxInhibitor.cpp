@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxInhibitor.h"
 
+#include "base/ConsoleLine.h"
+#include "base/MainQueue.h"
 #include "platform/linux/DBus.h"
 
 #include <QDBusError>
@@ -12,8 +14,14 @@
 namespace orrinvale
 {
 
+using namespace std::chrono_literals;
+
 namespace
 {
+
+// The slowest of them, PowerDevil, enforces a lock five seconds after it has granted it.
+constexpr auto settlingTime = 7s;
+constexpr std::int32_t doesNotCount = -ENOLCK;
 
 std::int32_t errorCode(const QDBusMessage& reply)
 {
@@ -41,8 +49,9 @@ std::int32_t errorCode(const QDBusMessage& reply)
 
 } // namespace
 
-LinuxInhibitor::LinuxInhibitor(InhibitorService service, const QDBusConnection& bus, Handlers handlers)
-    : m_service(std::move(service)), m_bus(bus), m_handlers(std::move(handlers)),
+LinuxInhibitor::LinuxInhibitor(InhibitorService service, const QDBusConnection& bus, MainQueue& queue,
+                               Handlers handlers)
+    : m_service(std::move(service)), m_bus(bus), m_queue(queue), m_handlers(std::move(handlers)),
       m_watcher(m_service.name, bus, QDBusServiceWatcher::WatchForOwnerChange)
 {
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
@@ -87,13 +96,31 @@ LinuxInhibitor::Call LinuxInhibitor::send(const QDBusMessage& message)
 void LinuxInhibitor::want(const std::optional<QString>& why)
 {
     m_wanted = why;
-    if (!m_wanted) {
+    follow();
+}
+
+void LinuxInhibitor::setGate(Gate gate)
+{
+    if (std::exchange(m_gate, gate) != gate)
+        follow();
+}
+
+void LinuxInhibitor::follow()
+{
+    if (!m_wanted || m_gate == Gate::closed) {
+        m_nextCheck.cancel();
         m_lock.cancel();
         m_previousLock.cancel();
     } else if (!m_lock && !m_request && isAvailable()) {
         m_requested = *m_wanted;
         m_request = send(m_service.request(m_requested));
     }
+}
+
+void LinuxInhibitor::forgetPassingRefusal()
+{
+    if (m_error != doesNotCount)
+        m_error = 0;
 }
 
 bool LinuxInhibitor::takeReply()
@@ -123,10 +150,33 @@ void LinuxInhibitor::takeGrant(const QDBusMessage& reply)
         m_error = errorCode(reply);
         return;
     }
-    if (m_wanted != m_requested)
+    if (m_wanted != m_requested || m_gate == Gate::closed)
         return; // dropped, and so released
     m_lock = std::move(lock);
     m_previousLock.cancel();
+    ++m_grants;
+    if (m_service.question)
+        m_nextCheck = m_queue.after(settlingTime, [this] { check(); });
+    m_handlers.granted();
+}
+
+void LinuxInhibitor::check()
+{
+    callLater(m_bus, m_service.question(), this, [this, grant = m_grants](const QDBusMessage& reply) {
+        if (m_lock && grant == m_grants)
+            takeCheck(reply);
+    });
+}
+
+// A service that does not know the question, or does not answer it, is believed.
+void LinuxInhibitor::takeCheck(const QDBusMessage& reply)
+{
+    if (m_service.counts(reply) != false)
+        return;
+    consoleLine("PowerAssertions", m_service.name.toStdString() + " grants a lock that does not count");
+    m_lock.cancel();
+    m_error = doesNotCount;
+    m_handlers.answered();
 }
 
 void LinuxInhibitor::changeOwner(const QString& newOwner)
@@ -135,6 +185,7 @@ void LinuxInhibitor::changeOwner(const QString& newOwner)
     m_error = 0;
     m_presence.reset();
     m_request.reset();
+    m_nextCheck.cancel();
     if (m_lock && m_service.restart == InhibitorService::Restart::mayKeepLock)
         m_previousLock = std::move(m_lock);
     m_lock.detach();

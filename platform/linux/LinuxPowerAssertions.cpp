@@ -18,8 +18,9 @@ using namespace std::chrono_literals;
 namespace
 {
 
-constexpr auto answerBound = 900ms;  // for all candidates together
-constexpr auto settlingTime = 750ms; // a service that has just come back is not always ready to be asked
+constexpr auto answerBound = 900ms;   // for all candidates together
+constexpr auto settlingTime = 750ms;  // a service that has just come back is not always ready to be asked
+constexpr auto askingAgainTime = 30s; // while what is wanted is held by nobody
 constexpr std::uint32_t levelOn = 255;
 
 bool isDesktop(QStringView name)
@@ -52,6 +53,8 @@ LinuxPowerAssertions::LinuxPowerAssertions(const QDBusConnection& sessionBus, co
         m_desktop.push_back(makeInhibitor(policyAgentService(), sessionBus));
         m_policyAgent = m_desktop.back().get();
         m_desktop.push_back(makeInhibitor(sessionManagerService(), sessionBus));
+        m_sessionManager = m_desktop.back().get();
+        m_gate = std::make_unique<IdleGate>(sessionBus, systemBus, queue, [this] { reconcile(); });
         m_desktop.push_back(makeInhibitor(powerManagementService(), sessionBus));
     }
     // LXQt suspends by itself and looks at no logind lock: one there would be a false promise.
@@ -65,9 +68,17 @@ LinuxPowerAssertions::~LinuxPowerAssertions() = default;
 std::unique_ptr<LinuxInhibitor> LinuxPowerAssertions::makeInhibitor(InhibitorService service,
                                                                     const QDBusConnection& bus)
 {
-    return std::make_unique<LinuxInhibitor>(
-        std::move(service), bus,
-        LinuxInhibitor::Handlers{.answered = [this] { reconcile(); }, .ownerChanged = [this] { settle(); }});
+    const auto isSessionManager = service.name == sessionManagerService().name;
+    LinuxInhibitor::Handlers handlers{
+        .answered = [this] { reconcile(); }, .ownerChanged = [this] { settle(); }, .granted = [] {}};
+    if (isSessionManager) {
+        handlers.granted = [this] { m_gate->look(); };
+        handlers.ownerChanged = [this] {
+            m_gate->forget();
+            settle();
+        };
+    }
+    return std::make_unique<LinuxInhibitor>(std::move(service), bus, m_queue, std::move(handlers));
 }
 
 PowerAssertions::Created LinuxPowerAssertions::create(std::string_view type, std::uint32_t level, std::string_view name)
@@ -79,7 +90,7 @@ PowerAssertions::Created LinuxPowerAssertions::create(std::string_view type, std
     const auto id = ++m_lastID;
     m_live.insert(id);
     waitForGrant();
-    if (isHeld())
+    if (isHeld() || isAsked())
         return {0, id};
     const auto status = failure();
     release(id);
@@ -119,6 +130,13 @@ bool LinuxPowerAssertions::isWaiting() const
     bool waiting = false;
     forEach([&](const LinuxInhibitor& inhibitor) { waiting = waiting || inhibitor.isWaiting(); });
     return waiting;
+}
+
+bool LinuxPowerAssertions::isAsked() const
+{
+    bool asked = false;
+    forEach([&](const LinuxInhibitor& inhibitor) { asked = asked || inhibitor.isAsked(); });
+    return asked;
 }
 
 // The first lock is enough to go on: what is still asked by then comes in through the event loop. Replies are looked
@@ -166,11 +184,27 @@ void LinuxPowerAssertions::reconcile()
 {
     if (m_live.empty()) {
         m_settling.cancel();
+        m_askingAgain.cancel();
         forEach([](LinuxInhibitor& inhibitor) { inhibitor.want(std::nullopt); });
     } else if (!m_settling) {
+        if (m_sessionManager)
+            m_sessionManager->setGate(m_gate->gate());
         reconcileDesktop();
         reconcileLogind();
+        askAgainWhileNothingIsHeld();
     }
+}
+
+// A service that refused may have had a passing reason, as one has that is only starting.
+void LinuxPowerAssertions::askAgainWhileNothingIsHeld()
+{
+    if (isHeld())
+        m_askingAgain.cancel();
+    else if (!m_askingAgain)
+        m_askingAgain = m_queue.every(askingAgainTime, [this] {
+            forEach([](LinuxInhibitor& inhibitor) { inhibitor.forgetPassingRefusal(); });
+            reconcile();
+        });
 }
 
 // The holder stays, even when a preferred service turns up: one lock is enough. Without one, the first that may grant

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/PowerAssertions.h"
+#include "platform/linux/IdleGate.h"
 #include "platform/linux/LinuxInhibitor.h"
 
 #include <chrono>
@@ -16,7 +17,8 @@ class MainQueue;
 
 // Holds off idle sleep through whatever decides about it here: the desktop's own service, the first that grants a lock,
 // and beside it logind's "idle" lock. There is one desired state, the live assertions; every reply and every restart of
-// a service is reconciled with it. Owned by the composition root; main thread.
+// a service is reconciled with it. A service that is asked and lets us wait has not refused: its lock comes when it
+// answers. Owned by the composition root; main thread.
 class LinuxPowerAssertions final : public PowerAssertions
 {
 public:
@@ -35,7 +37,9 @@ private:
     void begin(const QString& why);
     bool isHeld() const;
     bool isWaiting() const;
+    bool isAsked() const;
     void settle();
+    void askAgainWhileNothingIsHeld();
     void reconcile();
     void reconcileDesktop();
     void reconcileLogind();
@@ -46,11 +50,14 @@ private:
     Inhibitors m_desktop;                     // preferred first
     std::unique_ptr<LinuxInhibitor> m_logind; // null where it is not to be used
     LinuxInhibitor* m_policyAgent = nullptr;
+    LinuxInhibitor* m_sessionManager = nullptr;
+    std::unique_ptr<IdleGate> m_gate; // the session manager's
     bool m_sawPolicyAgent = false;
     std::set<std::uint32_t> m_live;
     std::uint32_t m_lastID = 0;
     QString m_why; // of the assertion that made the set non-empty
     Cancellable m_settling;
+    Cancellable m_askingAgain;
 };
 
 } // namespace orrinvale

@@ -7,9 +7,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QDBusConnectionInterface>
+
 #include <fcntl.h>
 
 #include <cerrno>
+#include <csignal>
 #include <filesystem>
 
 namespace orrinvale
@@ -113,6 +116,19 @@ TEST_F(PowerAssertionsOnLogind, TheDescriptorIsNotInheritedByChildren)
         EXPECT_TRUE(fcntl(std::stoi(entry.path().filename()), F_GETFD) & FD_CLOEXEC) << target;
     }
     EXPECT_EQ(locks, 1);
+}
+
+TEST_F(PowerAssertionsOnLogind, OneThatIsStoppedForAMomentHoldsOnceItGoesOn)
+{
+    const auto logind = QDBusConnection::systemBus().interface()->servicePid(QStringLiteral("org.freedesktop.login1"));
+    ASSERT_EQ(::kill(static_cast<pid_t>(logind), SIGSTOP), 0);
+    PowerAssertions::Created created{};
+    EXPECT_LE(timeTaken([&] { created = create("Manual mode"); }), 1000ms);
+    EXPECT_EQ(created.status, 0);
+    ::kill(static_cast<pid_t>(logind), SIGCONT);
+    EXPECT_TRUE(holds(m_manualLock));
+    m_power->release(created.id);
+    EXPECT_TRUE(holds({}));
 }
 
 TEST_F(PowerAssertionsOnLogind, IsHeldAgainAfterLogindForgotIt)

@@ -37,6 +37,9 @@ public:
         return waitFor([&] { return log() == expected; });
     }
 
+protected:
+    void write(const QByteArray& line) { m_process.write(line + "\n"); }
+
 private:
     QStringList lines()
     {

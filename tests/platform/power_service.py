@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: MIT
 """One power service on the session bus that writes down what it is asked: power_service.py KIND [SECONDS]
 
-It answers a request SECONDS late, or refuses it when SECONDS is "refuse". Each request and release is a line on
+It answers a request SECONDS late, or refuses it when SECONDS is "refuse", or late when it is "refuse-1.5". Each request and release is a line on
 standard output, after "started" and, once it owns its name, "ready".
 """
 import sys
@@ -46,12 +46,16 @@ def grant(invocation):
     invocation.return_value(cookie)
 
 
+def refuse(invocation):
+    invocation.return_dbus_error("org.freedesktop.DBus.Error.AccessDenied", "blocked by the user")
+
+
 def called(_connection, _sender, _path, _interface, method, parameters, invocation):
     say(method, *parameters.unpack())
     if method != take:
         invocation.return_value(None)
-    elif delay == "refuse":
-        invocation.return_dbus_error("org.freedesktop.DBus.Error.AccessDenied", "blocked by the user")
+    elif delay.startswith("refuse"):
+        GLib.timeout_add(int(float(delay.partition("-")[2] or 0) * 1000), refuse, invocation)
     else:
         GLib.timeout_add(int(float(delay) * 1000), grant, invocation)
 
