@@ -6,6 +6,7 @@
 #include "orrinvale/ApplicationPalette.h"
 #include "orrinvale/WidgetFilePanels.h"
 #include "orrinvale/WidgetInterface.h"
+#include "platform/linux/CharacterEncoding.h"
 #include "platform/linux/Compositing.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/Panels.h"
@@ -34,6 +35,7 @@ std::filesystem::path instanceFolder()
 
 int main(int argc, char** argv)
 {
+    useUTF8();
     allowLayerSurfaces();
     TerminationSignals termination;
     QApplication application(argc, argv);

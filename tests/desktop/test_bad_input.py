@@ -57,6 +57,18 @@ class BadInputTest(DesktopTest):
         self.assertEqual(stored["orrinvale.wakeMode"], 7)
         self.assertEqual(stored["orrinvale.unknown"], [None])
 
+    def test_an_environment_without_a_language_is_nothing_to_complain_of(self):
+        for given in [{}, {"LANG": "C"}, {"LC_ALL": "POSIX"}]:
+            with self.subTest(given):
+                with mock.patch.dict(os.environ, given):
+                    for name in {"LANG", "LC_ALL", "LC_CTYPE"} - given.keys():
+                        os.environ.pop(name, None)
+                    self.launch()
+                self.download()
+                self.wait_for("inhibitor", inhibitors)
+                self.assertEqual(self.output(), "")
+                self.end()
+
     def test_hostile_file_names_are_logged_as_text(self):
         self.launch()
         names = [b"a\nb.part", b'"quoted".part', b"x" * 250 + b".part", b"M\xfctze.part", b"<b>R&D.part"]

@@ -25,6 +25,7 @@ void makePrivate(const QString& folder)
     for (const auto* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORMTHEME", "QT_SCALE_FACTOR", "QT_FONT_DPI",
                              "XDG_CURRENT_DESKTOP"})
         qunsetenv(name);
+    qputenv("LC_ALL", "C.UTF-8");
     qputenv("QT_QPA_PLATFORM", "offscreen");
     if (qEnvironmentVariableIsSet(orrinvale::scaleVariable))
         qputenv("QT_SCALE_FACTOR", qgetenv(orrinvale::scaleVariable));
