@@ -24,7 +24,7 @@ AppIconView::AppIconView(std::string bundleID, const Platform& platform, QWidget
 
 void AppIconView::lookUp(const Platform& platform)
 {
-    platform.background.post(
+    platform.applicationFiles.post(
         [&installed = platform.installedApplications, &queue = platform.mainQueue, bundleID = m_bundleID,
          show = m_lifetime.unlessGone([this](const auto& application) { this->show(application); })] {
             if (show.isGone())

@@ -42,16 +42,17 @@ void AppPicker::lookAtRunningApplications()
 
 void AppPicker::scan()
 {
-    m_platform.background.post([&installed = m_platform.installedApplications, &queue = m_platform.mainQueue,
-                                running = m_platform.runningApplications.applications(), locale = m_locale,
-                                finish = m_lifetime.unlessGone([this](Found found) { finishScan(std::move(found)); })] {
-        if (finish.isGone())
-            return;
-        Found found{installedApps(installed.scan(), running, locale), {}};
-        for (const auto& app : found.apps)
-            found.searchForms.push_back(searchForm(app.name, locale));
-        queue.post([finish, found = std::move(found)]() mutable { finish(std::move(found)); });
-    });
+    m_platform.applicationFiles.post(
+        [&installed = m_platform.installedApplications, &queue = m_platform.mainQueue,
+         running = m_platform.runningApplications.applications(), locale = m_locale,
+         finish = m_lifetime.unlessGone([this](Found found) { finishScan(std::move(found)); })] {
+            if (finish.isGone())
+                return;
+            Found found{installedApps(installed.scan(), running, locale), {}};
+            for (const auto& app : found.apps)
+                found.searchForms.push_back(searchForm(app.name, locale));
+            queue.post([finish, found = std::move(found)]() mutable { finish(std::move(found)); });
+        });
 }
 
 void AppPicker::finishScan(Found found)

@@ -29,7 +29,8 @@ class UserNotifications;
 struct Platform {
     MainQueue& mainQueue;
     SerialQueues& serialQueues;
-    SerialQueue& background; // shared, utility priority
+    SerialQueue& background;       // shared, utility priority
+    SerialQueue& applicationFiles; // beside it, for the folders of applications: a mount that hangs holds up no more
     Clock& clock;
     ApplicationSupport& applicationSupport;
     Appearance& appearance;

@@ -27,6 +27,7 @@ namespace orrinvale
 struct FakePlatform {
     VirtualTime time;
     std::unique_ptr<SerialQueue> background = time.make("background");
+    std::unique_ptr<SerialQueue> applicationFiles = time.make("applicationfiles");
     FakeApplicationSupport applicationSupport;
     FakeAppearance appearance;
     FakeCPUCounters cpu;
@@ -45,10 +46,10 @@ struct FakePlatform {
 
     Platform platform()
     {
-        return {time,         time,          *background, time,         applicationSupport,
-                appearance,   cpu,           folders,     installed,    loginItem,
-                media,        network,       power,       powerSources, processStatus,
-                applications, sessionEvents, defaults,    notifications};
+        return {time,       time,         *background,  *applicationFiles, time,         applicationSupport,
+                appearance, cpu,          folders,      installed,         loginItem,    media,
+                network,    power,        powerSources, processStatus,     applications, sessionEvents,
+                defaults,   notifications};
     }
 };
 

@@ -8,6 +8,7 @@
 #include "platform/linux/SystemdUnit.h"
 
 #include <set>
+#include <utility>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -54,14 +55,15 @@ std::optional<RunningApplication> applicationOfExecutable(const std::string& pro
 
 } // namespace
 
-ApplicationWalk::ApplicationWalk(std::string procFolder, std::vector<std::filesystem::path> entryFolders)
-    : m_procFolder(std::move(procFolder)), m_index(std::move(entryFolders))
+ApplicationWalk::ApplicationWalk(std::string procFolder)
+    : m_procFolder(std::move(procFolder)), m_index(std::make_shared<const DesktopEntryIndex>())
 {
 }
 
-std::vector<RunningApplication> ApplicationWalk::walk(std::chrono::steady_clock::time_point now)
+std::vector<RunningApplication> ApplicationWalk::walk(std::shared_ptr<const DesktopEntryIndex> index,
+                                                      std::chrono::steady_clock::time_point now)
 {
-    if (m_index.update())
+    if (std::exchange(m_index, index) != index)
         m_judgement = now;
     if (const auto pids = processIds(m_procFolder)) {
         std::map<Key, Process> seen;
@@ -159,7 +161,7 @@ std::optional<RunningApplication> ApplicationWalk::applicationOfSurroundings(std
     const auto id = idOfSurroundings(pid, unit, program);
     if (!id)
         return std::nullopt;
-    if (const auto* entry = m_index.byId(*id))
+    if (const auto* entry = m_index->byId(*id))
         return applicationOf(*entry);
     return applicationWithoutEntry(bundleIdentifierOf(validUtf8(*id)), validUtf8(*id));
 }
@@ -184,16 +186,16 @@ std::optional<std::string> ApplicationWalk::idOfImage(const ProcessEnvironment& 
                                                       const std::string& program) const
 {
     const auto image = imageInEnvironment(environment, program);
-    const auto* entry = image ? m_index.byProgram(*image) : nullptr;
+    const auto* entry = image ? m_index->byProgram(*image) : nullptr;
     return entry ? std::optional(entry->id) : std::nullopt;
 }
 
 const DesktopEntry* ApplicationWalk::entryOfProgram(std::int32_t pid, const std::string& executable) const
 {
     if (!isInterpreter(executable))
-        return m_index.byProgram(executable);
+        return m_index->byProgram(executable);
     const auto file = interpretedFile(zeroSeparated(processFile(m_procFolder, pid, "cmdline")));
-    return file.empty() ? nullptr : m_index.byProgram(file);
+    return file.empty() ? nullptr : m_index->byProgram(file);
 }
 
 } // namespace orrinvale

@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <map>
+#include <memory>
 
 namespace orrinvale
 {
@@ -26,10 +27,12 @@ class ProcessEnvironment;
 class ApplicationWalk
 {
 public:
-    ApplicationWalk(std::string procFolder, std::vector<std::filesystem::path> entryFolders);
+    explicit ApplicationWalk(std::string procFolder);
 
     // In the order of their start, each application once; those of the last look when the processes cannot be told.
-    std::vector<RunningApplication> walk(std::chrono::steady_clock::time_point now);
+    // With another index than before every process is judged anew.
+    std::vector<RunningApplication> walk(std::shared_ptr<const DesktopEntryIndex> index,
+                                         std::chrono::steady_clock::time_point now);
 
 private:
     struct Process {
@@ -60,7 +63,7 @@ private:
     const DesktopEntry* entryOfProgram(std::int32_t pid, const std::string& executable) const;
 
     std::string m_procFolder;
-    DesktopEntryIndex m_index;
+    std::shared_ptr<const DesktopEntryIndex> m_index;
     std::chrono::steady_clock::time_point m_judgement{}; // what was judged before is judged anew
     std::map<Key, Process> m_processes;
     std::map<std::string, Unit> m_units;

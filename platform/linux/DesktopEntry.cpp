@@ -11,6 +11,10 @@
 #include <set>
 #include <string_view>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <gio/gdesktopappinfo.h>
 
 namespace orrinvale
@@ -48,6 +52,46 @@ std::vector<std::string> shellWords(const std::string& line)
     std::vector<std::string> all(words, words + count);
     g_strfreev(words);
     return all;
+}
+
+constexpr std::size_t longestEntry = 1024 * 1024;
+
+// nullopt unless it is a regular file that can be read to its end.
+std::optional<std::string> readRegularFile(int descriptor)
+{
+    struct stat status {
+    };
+    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+    std::string text;
+    std::array<char, 8192> buffer;
+    for (ssize_t length; (length = ::read(descriptor, buffer.data(), buffer.size())) != 0;) {
+        if (length < 0 || text.size() > longestEntry)
+            return std::nullopt;
+        text.append(buffer.data(), static_cast<std::size_t>(length));
+    }
+    return text;
+}
+
+// Opened so that nobody is waited for: a user's folder may hold a FIFO or a device.
+std::optional<std::string> readRegularFile(const fs::path& file)
+{
+    const auto descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    if (descriptor < 0)
+        return std::nullopt;
+    auto text = readRegularFile(descriptor);
+    ::close(descriptor);
+    return text;
+}
+
+// Null unless the file holds an application's entry.
+Info infoOf(const fs::path& file)
+{
+    const auto text = readRegularFile(file);
+    const std::unique_ptr<GKeyFile, decltype(&g_key_file_unref)> keys(g_key_file_new(), &g_key_file_unref);
+    if (!text || !g_key_file_load_from_data(keys.get(), text->data(), text->size(), G_KEY_FILE_NONE, nullptr))
+        return nullptr;
+    return Info(g_desktop_app_info_new_from_keyfile(keys.get()));
 }
 
 std::string value(const Info& info, const char* key)
@@ -138,7 +182,7 @@ std::vector<DesktopEntry> readDesktopEntries(const std::vector<fs::path>& folder
     std::set<std::string> taken;
     for (const auto& folder : folders) {
         for (const auto& [id, file] : filesIn(folder)) {
-            const Info info(taken.contains(id) ? nullptr : g_desktop_app_info_new_from_filename(file.c_str()));
+            const auto info = taken.contains(id) ? nullptr : infoOf(file);
             if (!info)
                 continue;
             taken.insert(id); // a hidden one hides those of later folders
@@ -155,7 +199,7 @@ std::optional<DesktopEntry> readDesktopEntry(const std::vector<fs::path>& folder
         return std::nullopt;
     for (const auto& folder : folders) {
         const auto file = folder / (id + std::string(suffix));
-        const Info info(g_desktop_app_info_new_from_filename(file.c_str()));
+        const auto info = infoOf(file);
         if (info)
             return g_desktop_app_info_get_is_hidden(info.get()) ? std::nullopt : std::optional(entryOf(info, file, id));
     }

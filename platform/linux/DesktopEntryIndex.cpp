@@ -29,45 +29,10 @@ std::string resolved(const std::string& program)
 
 } // namespace
 
-DesktopEntryIndex::DesktopEntryIndex(std::vector<fs::path> folders)
-    : m_folders(std::move(folders)), m_watched(m_folders)
+DesktopEntryIndex::DesktopEntryIndex(std::vector<DesktopEntry> entries)
 {
-}
-
-DesktopEntryIndex::Stamps DesktopEntryIndex::stamps() const
-{
-    Stamps all;
-    std::error_code error;
-    for (const auto& folder : m_watched)
-        all.push_back(fs::last_write_time(folder, error));
-    return all;
-}
-
-// A folder changes when something comes or goes in it, and not with what is in its sub-folders.
-void DesktopEntryIndex::watchSubfolders()
-{
-    m_watched = m_folders;
-    for (const auto& folder : m_folders) {
-        std::error_code error;
-        fs::recursive_directory_iterator each(folder, fs::directory_options::skip_permission_denied, error);
-        for (; !error && each != fs::recursive_directory_iterator(); each.increment(error))
-            if (std::error_code ignored; each->is_directory(ignored))
-                m_watched.push_back(each->path());
-    }
-}
-
-bool DesktopEntryIndex::update()
-{
-    if (m_stamps == stamps())
-        return false;
-    watchSubfolders();
-    m_stamps = stamps(); // before the entries are read: what changes meanwhile is read again
-    m_entries.clear();
-    m_applicationIds.clear();
-    m_programs.clear();
-    for (auto& entry : readDesktopEntries(m_folders))
+    for (auto& entry : entries)
         add(std::move(entry));
-    return true;
 }
 
 void DesktopEntryIndex::add(DesktopEntry entry)

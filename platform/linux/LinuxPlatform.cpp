@@ -23,7 +23,8 @@ LinuxPlatform::LinuxPlatform(Desktop desktop)
       m_loginItem(m_support.configDirectory() / "autostart", QCoreApplication::applicationFilePath().toStdString()),
       m_mediaDevices(m_queue, m_background), m_powerAssertions(m_sessionBus, m_systemBus, m_queue),
       m_powerSources(m_systemBus, m_queue, m_background), m_processStatus(m_queue, m_background),
-      m_runningApplications(m_queue, m_background), m_sessionEvents(m_sessionBus, m_systemBus, m_queue),
+      m_runningApplications(m_queue, m_background, m_applicationFiles),
+      m_sessionEvents(m_sessionBus, m_systemBus, m_queue),
       m_userDefaults(m_support.configDirectory() / "orrinvale" / "settings.json"), m_userNotifications(m_sessionBus)
 {
 }
@@ -39,25 +40,10 @@ void LinuxPlatform::prime()
 
 Platform LinuxPlatform::platform()
 {
-    return {m_queue,
-            m_serialQueues,
-            m_background,
-            m_clock,
-            m_support,
-            m_appearance,
-            m_cpuCounters,
-            m_folderWatcher,
-            m_installedApplications,
-            m_loginItem,
-            m_mediaDevices,
-            m_networkCounters,
-            m_powerAssertions,
-            m_powerSources,
-            m_processStatus,
-            m_runningApplications,
-            m_sessionEvents,
-            m_userDefaults,
-            m_userNotifications};
+    return {m_queue,         m_serialQueues,        m_background,      m_applicationFiles, m_clock,
+            m_support,       m_appearance,          m_cpuCounters,     m_folderWatcher,    m_installedApplications,
+            m_loginItem,     m_mediaDevices,        m_networkCounters, m_powerAssertions,  m_powerSources,
+            m_processStatus, m_runningApplications, m_sessionEvents,   m_userDefaults,     m_userNotifications};
 }
 
 } // namespace orrinvale

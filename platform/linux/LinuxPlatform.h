@@ -47,6 +47,7 @@ private:
     QtMainQueue m_queue;
     ThreadSerialQueues m_serialQueues;
     ThreadSerialQueue m_background{"com.orrinvale.background"};
+    ThreadSerialQueue m_applicationFiles{"com.orrinvale.applicationfiles"};
     LinuxApplicationSupport m_support;
     LinuxAppearance m_appearance;
     LinuxCPUCounters m_cpuCounters;

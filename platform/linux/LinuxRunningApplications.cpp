@@ -3,13 +3,18 @@
 #include "platform/linux/LinuxRunningApplications.h"
 
 #include "platform/linux/ApplicationWalk.h"
+#include "platform/linux/DesktopEntryFolders.h"
+
+#include <utility>
 
 namespace orrinvale
 {
 
-LinuxRunningApplications::LinuxRunningApplications(MainQueue& queue, SerialQueue& background, std::string procFolder)
-    : m_queue(queue), m_background(background),
-      m_walk(std::make_shared<ApplicationWalk>(std::move(procFolder), userEntryFolders()))
+LinuxRunningApplications::LinuxRunningApplications(MainQueue& queue, SerialQueue& background,
+                                                   SerialQueue& applicationFiles, std::string procFolder)
+    : m_queue(queue), m_background(background), m_applicationFiles(applicationFiles),
+      m_entries(std::make_shared<DesktopEntryFolders>(userEntryFolders())),
+      m_walk(std::make_shared<ApplicationWalk>(std::move(procFolder)))
 {
 }
 
@@ -17,16 +22,39 @@ LinuxRunningApplications::~LinuxRunningApplications() = default;
 
 void LinuxRunningApplications::refresh()
 {
+    readEntries();
+    look();
+}
+
+void LinuxRunningApplications::readEntries()
+{
+    if (std::exchange(m_isReading, true))
+        return;
+    const auto finishReading = m_lifetime.unlessGone([this](bool areNew) {
+        m_isReading = false;
+        if (areNew)
+            look();
+    });
+    m_applicationFiles.post([entries = m_entries, &queue = m_queue, finishReading] {
+        if (!finishReading.isGone())
+            queue.post([finishReading, areNew = entries->update()] { finishReading(areNew); });
+    });
+}
+
+void LinuxRunningApplications::look()
+{
     if (m_look.valid())
         return;
     const auto look = std::make_shared<std::promise<std::vector<RunningApplication>>>(); // shared, since work is copied
     m_look = look->get_future();
-    m_background.post([&queue = m_queue, walk = m_walk, look, finish = m_lifetime.unlessGone([this] { finish(); })] {
+    m_background.post([&queue = m_queue, walk = m_walk, entries = m_entries, bound = m_entriesBound, look,
+                       finish = m_lifetime.unlessGone([this] { finish(); })] {
         if (finish.isGone())
             return;
-        look->set_value(walk->walk(std::chrono::steady_clock::now()));
+        look->set_value(walk->walk(entries->newest(bound), std::chrono::steady_clock::now()));
         queue.post(finish);
     });
+    m_entriesBound = {};
 }
 
 void LinuxRunningApplications::waitForRefresh(std::chrono::milliseconds bound)

@@ -16,12 +16,15 @@ namespace orrinvale
 {
 
 class ApplicationWalk;
+class DesktopEntryFolders;
 
-// Walks the process table in the background and keeps the newest result. Main thread.
+// Walks the process table in the background and keeps the newest result. Desktop entries are read on a queue of their
+// own: a folder that hangs keeps new ones from being known, and holds up no look. Main thread.
 class LinuxRunningApplications final : public RunningApplications
 {
 public:
-    LinuxRunningApplications(MainQueue& queue, SerialQueue& background, std::string procFolder = "/proc");
+    LinuxRunningApplications(MainQueue& queue, SerialQueue& background, SerialQueue& applicationFiles,
+                             std::string procFolder = "/proc");
     ~LinuxRunningApplications() override;
 
     const std::vector<RunningApplication>& applications() const override { return m_applications; }
@@ -32,11 +35,18 @@ public:
     void waitForRefresh(std::chrono::milliseconds bound);
 
 private:
+    void readEntries();
+    void look();
     void finish();
 
     MainQueue& m_queue;
     SerialQueue& m_background;
+    SerialQueue& m_applicationFiles;
+    std::shared_ptr<DesktopEntryFolders> m_entries;
     std::shared_ptr<ApplicationWalk> m_walk; // touched in the background alone
+    // How long a look waits for the first reading of the entries; the first look alone does.
+    std::chrono::milliseconds m_entriesBound{100};
+    bool m_isReading = false;
     std::vector<RunningApplication> m_applications;
     std::future<std::vector<RunningApplication>> m_look; // the one under way
     Published<int> m_changes;

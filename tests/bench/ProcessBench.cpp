@@ -68,7 +68,7 @@ struct Subject {
     FakePlatform fake;
     QtMainQueue queue;
     ThreadSerialQueue background{"background"};
-    LinuxRunningApplications applications{queue, background};
+    LinuxRunningApplications applications{queue, background, background};
     Platform platform =
         bench::platformOf(fake, {.mainQueue = &queue, .background = &background, .runningApplications = &applications});
     ProcessDetector detector{platform};

@@ -22,6 +22,7 @@ inline Platform platformOf(FakePlatform& fake, const RealParts& real)
     return {real.mainQueue ? *real.mainQueue : rest.mainQueue,
             rest.serialQueues,
             real.background ? *real.background : rest.background,
+            real.background ? *real.background : rest.applicationFiles,
             rest.clock,
             rest.applicationSupport,
             rest.appearance,

@@ -337,6 +337,7 @@ TEST_F(DownloadMonitorTest, AFolderThatHangsWhileItOpensHoldsUpTheScansAlone)
     const Platform slow{queue,
                         threads,
                         rest.background,
+                        rest.applicationFiles,
                         rest.clock,
                         rest.applicationSupport,
                         rest.appearance,

@@ -18,6 +18,7 @@
 #include <fstream>
 
 #include <fmt/format.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -101,6 +102,25 @@ TEST_F(InstalledTest, WhatADesktopDoesNotShowIsLeftOut)
     std::ofstream(place("user", "empty"));
     std::ofstream(folder / "user" / "readme.txt") << "[Desktop Entry]\nType=Application\nName=T\nExec=/bin/sh\n";
     EXPECT_THAT(names(), ElementsAre("Terminal program"));
+}
+
+TEST_F(InstalledTest, WhatIsNoRegularFileIsNotWaitedFor)
+{
+    entry("user", "plain", "Name=Plain\n");
+    ASSERT_EQ(::mkfifo(place("user", "fifo").c_str(), 0600), 0);
+    fs::create_symlink("/dev/zero", place("user", "endless"));
+    fs::create_symlink(place("user", "plain"), place("user", "link"));
+    fs::create_symlink(place("user", "nowhere"), place("user", "dangling"));
+    EXPECT_THAT(names(), ElementsAre("Plain", "Plain"));
+    EXPECT_EQ(installed().find("fifo"), std::nullopt);
+    EXPECT_EQ(installed().find("endless"), std::nullopt);
+}
+
+TEST_F(InstalledTest, AnEntryWithoutEndIsNone)
+{
+    entry("user", "long", "Name=Long\n# " + std::string(2'000'000, 'x') + "\n");
+    entry("user", "short", "Name=Short\n# " + std::string(500'000, 'x') + "\n");
+    EXPECT_THAT(names(), ElementsAre("Short"));
 }
 
 TEST_F(InstalledTest, MissingFoldersAreSkipped)
@@ -193,7 +213,7 @@ TEST(InstalledApplications, WhatTheScanCallsAnApplicationIsWhatItRunsAs)
     EXPECT_EQ(identifier, "com.dropbox.client2");
     QtMainQueue queue;
     ThreadSerialQueue background("test");
-    LinuxRunningApplications applications(queue, background);
+    LinuxRunningApplications applications(queue, background, background);
     const auto child = ::fork();
     if (child == 0)
         ::execl(program.c_str(), program.c_str(), "100", nullptr);

@@ -5,6 +5,7 @@
 #include "base/ThreadSerialQueue.h"
 #include "platform/linux/ApplicationIdentity.h"
 #include "platform/linux/ApplicationWalk.h"
+#include "platform/linux/DesktopEntryFolders.h"
 #include "platform/linux/ProcFolder.h"
 #include "platform/linux/SystemdUnit.h"
 #include "platform/qt/QtMainQueue.h"
@@ -39,7 +40,8 @@ struct WalkTest : testing::Test {
         folder = ::mkdtemp(pattern.data());
         fs::create_directories(folder / "proc");
         fs::create_directories(folder / "applications");
-        walk.emplace((folder / "proc").string(), std::vector{folder / "applications"});
+        walk.emplace((folder / "proc").string());
+        entries.emplace(std::vector{folder / "applications"});
     }
     ~WalkTest() override { fs::remove_all(folder); }
 
@@ -76,7 +78,8 @@ struct WalkTest : testing::Test {
     std::vector<std::string> identifiers(std::chrono::seconds later = 0s)
     {
         std::vector<std::string> all;
-        last = walk->walk(std::chrono::steady_clock::now() + later);
+        entries->update();
+        last = walk->walk(entries->newest(0ms), std::chrono::steady_clock::now() + later);
         for (const auto& each : last)
             all.push_back(*each.bundleIdentifier);
         return all;
@@ -85,6 +88,7 @@ struct WalkTest : testing::Test {
     using Identifiers = std::vector<std::string>;
     fs::path folder;
     std::optional<ApplicationWalk> walk;
+    std::optional<DesktopEntryFolders> entries;
     std::vector<RunningApplication> last;
 };
 
@@ -390,7 +394,7 @@ TEST(RunningApplications, ARealProcessIsSeenAndItsEndToo)
         << "[Desktop Entry]\nType=Application\nName=Ours\nExec=" << program.string() << " 100\n";
     QtMainQueue queue;
     ThreadSerialQueue background("test");
-    LinuxRunningApplications applications(queue, background);
+    LinuxRunningApplications applications(queue, background, background);
     int changes = 0;
     const auto token = applications.observeChanges([&] { ++changes; });
     const auto isSeen = [&] {
@@ -411,6 +415,35 @@ TEST(RunningApplications, ARealProcessIsSeenAndItsEndToo)
     EXPECT_TRUE(waitFor([&] { return !isSeen(); }));
 }
 
+// A thread that a mount holds for ever.
+struct HangingQueue final : SerialQueue {
+    void post(std::function<void()> work) override { held.push_back(std::move(work)); }
+    Cancellable after(std::chrono::nanoseconds, std::function<void()>) override { return {}; }
+
+    std::vector<std::function<void()>> held;
+};
+
+TEST(RunningApplications, AFolderOfEntriesThatHangsHoldsUpNoLook)
+{
+    std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
+    const fs::path folder = ::mkdtemp(pattern.data());
+    fs::create_directory(folder / "10");
+    std::ofstream(folder / "10/stat") << "10 (ffmpeg) S 1 1 1 0 -1 0 0 0 0 0 5 0 0 0 20 0 1 0 100 0 0\n";
+    QtMainQueue queue;
+    ThreadSerialQueue background("test");
+    HangingQueue files;
+    LinuxRunningApplications applications(queue, background, files, folder.string());
+    applications.refresh();
+    applications.waitForRefresh(2s);
+    ASSERT_EQ(applications.applications().size(), 1U);
+    fs::remove_all(folder / "10");
+    applications.refresh();
+    applications.waitForRefresh(2s);
+    EXPECT_TRUE(applications.applications().empty());
+    EXPECT_EQ(files.held.size(), 1U);
+    fs::remove_all(folder);
+}
+
 TEST(RunningApplications, ThreeThousandKnownProcessesCostLittle)
 {
     std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
@@ -420,11 +453,12 @@ TEST(RunningApplications, ThreeThousandKnownProcessesCostLittle)
         std::ofstream(folder / std::to_string(pid) / "stat")
             << pid << " (sleep) S 1 1 1 0 -1 0 0 0 0 0 5 0 0 0 20 0 1 0 100 0 0\n";
     }
-    ApplicationWalk walk(folder, {});
+    ApplicationWalk walk(folder);
+    const auto none = std::make_shared<const DesktopEntryIndex>();
     const auto now = std::chrono::steady_clock::now();
-    walk.walk(now);
+    walk.walk(none, now);
     const auto begin = std::clock();
-    walk.walk(now + 60s);
+    walk.walk(none, now + 60s);
     const auto milliseconds = 1000.0 * static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
     EXPECT_LT(milliseconds, 120); // a bound for a noisy machine; the benchmark has the real one
     fs::remove_all(folder);
