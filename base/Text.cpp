@@ -58,6 +58,31 @@ std::string validUtf8(std::string_view bytes)
     return text;
 }
 
+std::string withVisibleControls(std::string_view utf8)
+{
+    std::string text;
+    text.reserve(utf8.size());
+    for (std::size_t i = 0; i < utf8.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(utf8[i]);
+        const auto next = i + 1 < utf8.size() ? static_cast<unsigned char>(utf8[i + 1]) : 0;
+        const auto isLineSeparator = utf8.substr(i, 3) == "\u2028" || utf8.substr(i, 3) == "\u2029";
+        if (byte < 0x20 || byte == 0x7F) {
+            // U+2400 to U+2421, in the order of what they stand for.
+            const auto sign = byte == 0x7F ? 0x21 : byte;
+            text.append("\xE2\x90").push_back(static_cast<char>(0x80 + sign));
+        } else if (byte == 0xC2 && next >= 0x80 && next <= 0x9F) {
+            text.append(replacement);
+            i += 1;
+        } else if (isLineSeparator) {
+            text.append("\u2424");
+            i += 2;
+        } else {
+            text.push_back(utf8[i]);
+        }
+    }
+    return text;
+}
+
 std::string asciiLowercase(std::string_view text)
 {
     std::string lower(text);

@@ -3,6 +3,7 @@
 #include "platform/linux/LinuxPowerAssertions.h"
 
 #include "base/MainQueue.h"
+#include "base/Text.h"
 
 #include <QFile>
 #include <QThread>
@@ -86,7 +87,7 @@ PowerAssertions::Created LinuxPowerAssertions::create(std::string_view type, std
     if (type != "NoIdleSleepAssertion" || level != levelOn)
         return {-EINVAL, 0};
     if (m_live.empty())
-        begin(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+        begin(QString::fromStdString(withVisibleControls(name)));
     const auto id = ++m_lastID;
     m_live.insert(id);
     waitForGrant();

@@ -38,6 +38,16 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"LineFeedStays", "a\nb", "a\nb"}),
     [](const auto& row) { return row.param.name; });
 
+TEST(WithVisibleControls, ShowsASignForEachControlCharacterAndLeavesTheRest)
+{
+    EXPECT_EQ(withVisibleControls("film\x1B[31m\a\n.mkv"), "film␛[31m␇␊.mkv");
+    EXPECT_EQ(withVisibleControls(std::string("\0\x1F\x7F", 3)), "␀␟␡");
+    EXPECT_EQ(withVisibleControls("a\u0085\u009Bb\u2028c\u2029d"), "a" + R + R + "b␤c␤d");
+    EXPECT_EQ(withVisibleControls("Mütze 🍵 \u00A0–"), "Mütze 🍵 \u00A0–");
+    EXPECT_EQ(withVisibleControls("\xC2"), "\xC2");
+    EXPECT_EQ(withVisibleControls(""), "");
+}
+
 TEST(AsciiLowercase, TouchesAsciiLettersOnly)
 {
     EXPECT_EQ(asciiLowercase("Movie.MKV.CRDOWNLOAD"), "movie.mkv.crdownload");
