@@ -65,6 +65,7 @@ int main(int argc, char** argv)
     delegate.applicationDidFinishLaunching();
     const auto status = QApplication::exec();
     delegate.applicationWillTerminate();
+    desktop.flush();
     instance.stop();
 
     // Nothing waits for background work at the end, and what it uses must not be taken away from under it: the process

@@ -14,6 +14,13 @@ namespace orrinvale
 using namespace std::chrono_literals;
 
 constexpr auto primingBound = 100ms; // for all of them together
+constexpr auto flushingBound = 200ms;
+
+static std::optional<std::filesystem::path> notificationRecord(LinuxApplicationSupport& support)
+{
+    const auto folder = support.runtimeDirectory();
+    return folder ? std::optional(*folder / "orrinvale.notifications") : std::nullopt;
+}
 
 LinuxPlatform::LinuxPlatform(Desktop desktop)
     : m_sessionBus(QDBusConnection::sessionBus()), m_systemBus(QDBusConnection::systemBus()),
@@ -25,7 +32,8 @@ LinuxPlatform::LinuxPlatform(Desktop desktop)
       m_powerSources(m_systemBus, m_queue, m_background), m_processStatus(m_queue, m_background),
       m_runningApplications(m_queue, m_background, m_applicationFiles),
       m_sessionEvents(m_sessionBus, m_systemBus, m_queue),
-      m_userDefaults(m_support.configDirectory() / "orrinvale" / "settings.json"), m_userNotifications(m_sessionBus)
+      m_userDefaults(m_support.configDirectory() / "orrinvale" / "settings.json"),
+      m_userNotifications(m_sessionBus, notificationRecord(m_support))
 {
 }
 
@@ -36,6 +44,11 @@ void LinuxPlatform::prime()
     m_powerSources.prime(deadline);
     m_appearance.prime(deadline);
     m_runningApplications.waitForRefresh(std::chrono::milliseconds(millisecondsLeft(deadline)));
+}
+
+void LinuxPlatform::flush()
+{
+    m_userNotifications.flush(QDeadlineTimer(flushingBound));
 }
 
 Platform LinuxPlatform::platform()

@@ -38,6 +38,8 @@ public:
 
     // Gives battery, appearance and running applications real values before the first decision; bounded.
     void prime();
+    // Lets what was last said to the desktop leave the process; bounded.
+    void flush();
     Platform platform();
 
 private:

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxUserNotifications.h"
 
+#include "base/AtomicFile.h"
+#include "base/Text.h"
+
 namespace orrinvale
 {
 
@@ -19,7 +22,8 @@ QDBusMessage notificationCall(const char* method)
 
 } // namespace
 
-LinuxUserNotifications::LinuxUserNotifications(const QDBusConnection& sessionBus)
+LinuxUserNotifications::LinuxUserNotifications(const QDBusConnection& sessionBus,
+                                               std::optional<std::filesystem::path> record)
     : m_bus(sessionBus), m_watcher(service, m_bus, QDBusServiceWatcher::WatchForOwnerChange),
       m_closed(m_bus, service, path, service, QStringLiteral("NotificationClosed"),
                [this](const QDBusMessage& message) {
@@ -28,9 +32,58 @@ LinuxUserNotifications::LinuxUserNotifications(const QDBusConnection& sessionBus
                        if (notification.deliveredId == id)
                            notification.deliveredId = 0;
                    }
-               })
+                   keepRecord();
+               }),
+      m_record(std::move(record))
 {
     QObject::connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, [this] { forgetDaemon(); });
+}
+
+// One line: the daemon, and what it called the notifications that stand.
+void LinuxUserNotifications::keepRecord()
+{
+    if (!m_record)
+        return;
+    auto text = m_daemonName.toStdString();
+    for (const auto& [identifier, notification] : m_notifications) {
+        if (notification.deliveredId != 0)
+            text += ' ' + std::to_string(notification.deliveredId);
+    }
+    std::error_code ignored;
+    if (text == m_daemonName.toStdString())
+        std::filesystem::remove(*m_record, ignored);
+    else
+        writeFileAtomically(*m_record, text);
+}
+
+void LinuxUserNotifications::requestAuthorization()
+{
+    const auto text = m_record ? readWholeFile(*m_record) : std::nullopt;
+    if (!text)
+        return;
+    std::error_code ignored;
+    std::filesystem::remove(*m_record, ignored);
+    const auto words = QString::fromStdString(*text).split(u' ');
+    const auto bus = QStringLiteral("org.freedesktop.DBus");
+    const auto question = QDBusMessage::createMethodCall(bus, QStringLiteral("/"), bus, QStringLiteral("GetNameOwner"))
+                          << service;
+    callLater(m_bus, question, this, [this, words](const QDBusMessage& reply) {
+        if (argumentOf<QString>(reply) != words.front())
+            return; // another daemon's numbers
+        for (const auto& word : words.mid(1)) {
+            if (const auto id = word.toUInt(); id != 0)
+                close(id);
+        }
+    });
+}
+
+// The bus answers after it has taken in what came before.
+void LinuxUserNotifications::flush(const QDeadlineTimer& deadline)
+{
+    const auto bus = QStringLiteral("org.freedesktop.DBus");
+    const auto ping = QDBusMessage::createMethodCall(bus, QStringLiteral("/"), bus, QStringLiteral("GetId"));
+    if (m_bus.isConnected())
+        m_bus.call(ping, QDBus::Block, millisecondsLeft(deadline));
 }
 
 void LinuxUserNotifications::forgetDaemon()
@@ -39,6 +92,7 @@ void LinuxUserNotifications::forgetDaemon()
     m_markup = Markup::Unknown;
     for (auto& [identifier, notification] : m_notifications)
         notification.deliveredId = 0;
+    keepRecord();
 }
 
 void LinuxUserNotifications::post(const UserNotification& notification)
@@ -60,6 +114,7 @@ void LinuxUserNotifications::removeDelivered(const std::vector<std::string>& ide
         if (entry.deliveredId != 0)
             close(std::exchange(entry.deliveredId, 0));
     }
+    keepRecord();
 }
 
 void LinuxUserNotifications::close(quint32 id)
@@ -81,7 +136,7 @@ void LinuxUserNotifications::askForMarkup()
 
 QString LinuxUserNotifications::bodyOf(const UserNotification& notification) const
 {
-    const auto body = QString::fromStdString(notification.body);
+    const auto body = QString::fromStdString(withVisibleControls(notification.body));
     return m_markup == Markup::Supported ? body.toHtmlEscaped() : body;
 }
 
@@ -108,6 +163,8 @@ void LinuxUserNotifications::send(const std::string& identifier)
         arrived.deliveredId = daemon == m_daemon ? argumentOf<uint>(reply).value_or(0) : 0;
         if (std::exchange(arrived.closeOnArrival, false) && arrived.deliveredId != 0)
             close(std::exchange(arrived.deliveredId, 0));
+        m_daemonName = reply.service();
+        keepRecord();
         send(identifier);
     });
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxUserNotifications.h"
 
+#include "base/AtomicFile.h"
 #include "tests/platform/ScriptedService.h"
 
 #include <QCoreApplication>
@@ -9,7 +10,10 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <memory>
+
+#include <unistd.h>
 
 namespace orrinvale
 {
@@ -23,6 +27,12 @@ void bed(const QString& verb)
 {
     ASSERT_EQ(QProcess::execute(qEnvironmentVariable("BED_TOOL"), {verb, QStringLiteral("dunst")}), 0);
 }
+
+struct TemporaryFile {
+    ~TemporaryFile() { std::filesystem::remove(path); }
+    const std::filesystem::path path =
+        std::filesystem::temp_directory_path() / ("orrinvale-record-" + std::to_string(::getpid()));
+};
 
 // A daemon that writes down what it is asked, as "show REPLACED TITLE BODY" and "close ID".
 struct UserNotificationsTest : testing::Test {
@@ -125,6 +135,58 @@ TEST_F(UserNotificationsTest, WithoutADaemonNothingWaitsAndALaterOneGetsTheNext)
     startDaemon();
     active();
     EXPECT_TRUE(logs({asked, shownActive})) << daemon->log().join(u'|').toStdString();
+}
+
+TEST_F(UserNotificationsTest, WhatAKilledProcessLeftIsWithdrawnAtTheNextStart)
+{
+    const TemporaryFile record;
+    startDaemon();
+    {
+        LinuxUserNotifications killed{QDBusConnection::sessionBus(), record.path};
+        killed.requestAuthorization();
+        killed.post({"active", "Active", "x"});
+        killed.post({"idle", "Inactive", "y"});
+        ASSERT_TRUE(waitFor([&] { return readWholeFile(record.path).value_or("").ends_with(" 7 8"); }));
+    }
+    LinuxUserNotifications next{QDBusConnection::sessionBus(), record.path};
+    next.requestAuthorization();
+    EXPECT_TRUE(waitFor([&] {
+        return daemon->log().mid(3) == QStringList({QStringLiteral("close 7"), QStringLiteral("close 8")});
+    })) << daemon->log().join(u'|').toStdString();
+    EXPECT_FALSE(std::filesystem::exists(record.path));
+}
+
+TEST_F(UserNotificationsTest, AnotherDaemonsNumbersAreLeftAlone)
+{
+    const TemporaryFile record;
+    for (const auto* text : {":1.99999 7 8", "", "x", " ", ":1.1 -1 99999999999999999999 y"}) {
+        ASSERT_TRUE(writeFileAtomically(record.path, text));
+        startDaemon();
+        LinuxUserNotifications next{QDBusConnection::sessionBus(), record.path};
+        next.requestAuthorization();
+        runEventsFor(100ms);
+        EXPECT_EQ(daemon->log(), QStringList()) << text;
+    }
+}
+
+TEST_F(UserNotificationsTest, WhatIsWithdrawnAtTheEndHasLeftWhenTheFlushReturns)
+{
+    startDaemon();
+    active();
+    ASSERT_TRUE(logs({asked, shownActive}));
+    runEventsFor(50ms);
+    notifications.removeDelivered({"active"});
+    const QDeadlineTimer deadline(1s);
+    notifications.flush(deadline);
+    EXPECT_FALSE(deadline.hasExpired());
+    EXPECT_TRUE(logs({asked, shownActive, QStringLiteral("close 7")}));
+}
+
+TEST_F(UserNotificationsTest, ControlCharactersAreShownAsSigns)
+{
+    startDaemon();
+    active("Downloading \x1B[31mfilm\a.part");
+    EXPECT_TRUE(logs({asked, QStringLiteral("show 0 Active Downloading ␛[31mfilm␇.part")}));
 }
 
 TEST(UserNotifications, WithoutASessionBusNothingHappens)
