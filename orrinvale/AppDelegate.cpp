@@ -18,6 +18,7 @@ namespace
 
 const std::string activeIdentifier = "orrinvale.active";
 const std::string idleIdentifier = "orrinvale.idle";
+const std::string notHeldIdentifier = "orrinvale.not-held";
 constexpr std::chrono::hours feedbackCheckInterval{1};
 constexpr auto daysUntilFeedback = 3;
 
@@ -72,7 +73,18 @@ void AppDelegate::stateChanged(const WakeState& state)
         notifications.post({idleIdentifier, "orrinvale Inactive", "Mac is allowed to sleep again"});
     if (wanted && category == StateCategory::awake)
         notifications.post({activeIdentifier, "orrinvale Active", state.reason()});
+    if (wanted && category == StateCategory::awake && !wakeEngine().sleepGuard().isHeld())
+        tellOnceThatNothingIsHeld();
     m_lastCategory = category;
+}
+
+void AppDelegate::tellOnceThatNothingIsHeld()
+{
+    if (std::exchange(m_toldThatNothingIsHeld, true))
+        return;
+    m_platform.userNotifications.post({notHeldIdentifier, "Sleep cannot be held off",
+                                       "This desktop offers orrinvale no way to hold off its sleep. It may fall asleep "
+                                       "in the middle of what goes on."});
 }
 
 void AppDelegate::checkFeedback()
@@ -89,8 +101,11 @@ void AppDelegate::applicationWillTerminate()
 {
     m_feedbackCheckTimer.cancel();
     m_cancellables.clear();
-    if (m_wakeEngine)
-        m_wakeEngine->stop();
+    if (!m_wakeEngine || std::exchange(m_hasTerminated, true))
+        return;
+    m_wakeEngine->stop();
+    // Some desktops keep them in a list after we have gone.
+    m_platform.userNotifications.removeDelivered({activeIdentifier, idleIdentifier, notHeldIdentifier});
 }
 
 } // namespace orrinvale

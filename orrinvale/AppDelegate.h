@@ -38,6 +38,7 @@ public:
 
 private:
     void stateChanged(const WakeState& state);
+    void tellOnceThatNothingIsHeld();
     // Asks for feedback, once ever, when the user has had the application for a while.
     void checkFeedback();
 
@@ -48,6 +49,8 @@ private:
     std::unique_ptr<WakeEngine> m_wakeEngine;
     StateCategory m_lastCategory = StateCategory::idle;
     bool m_showedOnboarding = false;
+    bool m_toldThatNothingIsHeld = false;
+    bool m_hasTerminated = false;
     Cancellables m_cancellables;
     Cancellable m_feedbackCheckTimer;
 };

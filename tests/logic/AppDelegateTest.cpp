@@ -156,6 +156,42 @@ TEST_F(AppDelegateTest, TheTerminationFreesTheAssertionAndStopsEverything)
     EXPECT_EQ(fake.power.released.size(), 1u);
 }
 
+TEST_F(AppDelegateTest, TheTerminationWithdrawsWhatStandsOnce)
+{
+    launch();
+    wakeFor("a");
+    delegate->applicationWillTerminate();
+    delegate->applicationWillTerminate();
+    EXPECT_THAT(fake.notifications.calls, ElementsAre("post orrinvale.active", "remove orrinvale.active",
+                                                      "remove orrinvale.idle", "remove orrinvale.not-held"));
+}
+
+TEST_F(AppDelegateTest, AFailureToHoldIsToldOnceASession)
+{
+    fake.power.status = -95;
+    launch();
+    wakeFor("a");
+    EXPECT_THAT(fake.notifications.calls, ElementsAre("post orrinvale.active", "post orrinvale.not-held"));
+    EXPECT_EQ(fake.notifications.posted.back().title, "Sleep cannot be held off");
+    choose(WakeMode::off);
+    fake.notifications.calls.clear();
+    choose(WakeMode::manual);
+    EXPECT_THAT(fake.notifications.calls, ElementsAre("post orrinvale.active"));
+}
+
+TEST_F(AppDelegateTest, AFailureToHoldIsNotToldToWhoWantsNoNotifications)
+{
+    fake.power.status = -95;
+    settings().notificationsEnabled.set(false);
+    launch();
+    wakeFor("a");
+    EXPECT_THAT(fake.notifications.calls, IsEmpty());
+    choose(WakeMode::off);
+    settings().notificationsEnabled.set(true);
+    choose(WakeMode::manual);
+    EXPECT_EQ(fake.notifications.posted.back().identifier, "orrinvale.not-held");
+}
+
 TEST_F(AppDelegateTest, FeedbackIsAskedForAtTheHourlyCheckAfterThreeDays)
 {
     settings().hasSeenOnboarding.set(true);
