@@ -14,6 +14,14 @@ CORNER = 12  # its radius
 
 
 class CompositorTest(PopoverTest):
+    def setUp(self):
+        super().setUp()
+        # Something bright for a shadow to fall on: the desktop may be black.
+        window = subprocess.Popen(["xev", "-geometry", "1260x720+0+40"], stdout=subprocess.DEVNULL)
+        self.addCleanup(window.wait)
+        self.addCleanup(window.terminate)
+        self.wait_for("a white window", lambda: self.colour(*ELSEWHERE) == (255, 255, 255))
+
     def open_with_size(self, size):
         self.start()
         self.behind = self.colour(*ELSEWHERE)
