@@ -11,7 +11,6 @@
 #include "platform/Appearance.h"
 #include "platform/Platform.h"
 #include "tray/StatusItem.h"
-#include "tray/StatusNotifierItem.h"
 
 namespace orrinvale
 {
@@ -101,7 +100,7 @@ void MenuBarController::openPopover(const StatusItemAnchor& anchor)
     };
     m_popover->onClose = [this](Popover::Closing closing) {
         if (closing != Popover::Closing::owner)
-            StatusNotifierItem::forgetActivationToken(); // no window comes of this click
+            m_statusItem.forgetClick(); // no window comes of it
         popoverClosed(closing == Popover::Closing::elsewhere);
     };
     m_popover->showAt(anchor);

@@ -31,7 +31,7 @@ WidgetInterface::~WidgetInterface() = default;
 
 void WidgetInterface::showStatusItem(WakeEngine& engine)
 {
-    m_statusItem = std::make_unique<StatusItem>(m_platform.mainQueue);
+    m_statusItem = makeStatusItem(m_platform.mainQueue);
     m_menuBar = std::make_unique<MenuBarController>(
         engine, m_settings, m_platform, *m_statusItem, m_availableGeometry,
         MenuBarController::Destinations{[this, &engine] { showActivityLog(engine); }, [this] { showSettings(); },

@@ -20,7 +20,7 @@
 #include "tests/bench/RealParts.h"
 #include "tests/shots/History.h"
 #include "text/LocalCalendar.h"
-#include "tray/StatusItem.h"
+#include "tray/DesktopStatusItem.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -119,7 +119,7 @@ struct Subject {
     LocalCalendar calendar{"UTC", "en_US"};
     AppSettings settings{platform, calendar};
     WakeEngine engine{platform, settings, calendar};
-    StatusItem statusItem{queue};
+    DesktopStatusItem statusItem{queue};
     FakeFilePanels panels;
     MenuBarController menuBar{engine, settings, platform, statusItem, &QScreen::availableGeometry, {}};
 };

@@ -10,7 +10,8 @@
 #include "orrinvale/StatusIcon.h"
 #include "orrinvale/StatusPopoverViewController.h"
 #include "tests/interface/InterfaceFixture.h"
-#include "tray/StatusItem.h"
+#include "tray/DesktopStatusItem.h"
+#include "tray/SystemStatusItem.h"
 
 #include <QPointer>
 
@@ -64,7 +65,7 @@ struct MenuBarControllerTest : InterfaceFixture {
     QImage icon() { return item.icon().pixmap(18, 18).toImage(); }
     QImage drawing(const WakeState& state) { return statusIcon(state).pixmap(18, 18).toImage(); }
 
-    StatusItem item{time};
+    DesktopStatusItem item{time};
     std::optional<MenuBarController> controller;
     std::vector<std::string> destinations;
 };
@@ -322,24 +323,43 @@ TEST_F(MenuBarControllerTest, ItMayEndJustAfterAClickElsewhere)
     time.advance(1s);
 }
 
-TEST(StatusItem, KeepsItsIconAndTextForTheTrayThatComes)
+TEST(DesktopStatusItem, KeepsItsIconAndTextForTheTrayThatComes)
 {
     VirtualTime time;
-    StatusItem item(time);
+    DesktopStatusItem item(time);
     item.setIcon(statusIcon(WakeState::idle()));
     item.setToolTip(QStringLiteral("Idle: <b>"));
     EXPECT_FALSE(item.icon().isNull());
     EXPECT_EQ(item.toolTip(), QStringLiteral("Idle: <b>"));
 }
 
-TEST(StatusItem, DoesNotGuessWhereItIsOutsideOfX11)
+TEST(DesktopStatusItem, DoesNotGuessWhereItIsOutsideOfX11)
 {
     VirtualTime time;
-    StatusItem item(time);
+    DesktopStatusItem item(time);
     EXPECT_FALSE(item.anchor().icon);
     EXPECT_FALSE(item.anchor().pointer);
 }
 
 } // namespace
+
+TEST(SystemStatusItem, TakesLeftAndRightForOneClickAndADoubleOneForItsFirst)
+{
+    SystemStatusItem item(SystemStatusItem::ToolTip::plainText);
+    int clicks = 0;
+    item.activate(QSystemTrayIcon::Trigger);
+    item.onClick = [&] { ++clicks; };
+    for (const auto reason : {QSystemTrayIcon::Trigger, QSystemTrayIcon::DoubleClick, QSystemTrayIcon::Context,
+                              QSystemTrayIcon::MiddleClick, QSystemTrayIcon::Unknown})
+        item.activate(reason);
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST(SystemStatusItem, OpensAtThePointerWhereItsPlaceIsNotTold)
+{
+    SystemStatusItem item(SystemStatusItem::ToolTip::plainText);
+    EXPECT_FALSE(item.anchor().icon);
+    EXPECT_EQ(item.anchor().pointer, QCursor::pos());
+}
 
 } // namespace orrinvale

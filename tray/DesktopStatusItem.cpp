@@ -1,0 +1,137 @@
+// SPDX-FileCopyrightText: 2026 The orrinvale developers
+// SPDX-License-Identifier: MIT
+#include "tray/DesktopStatusItem.h"
+
+#include "base/MainQueue.h"
+#include "tray/StatusNotifierItem.h"
+#include "tray/SystemStatusItem.h"
+
+#include <QCursor>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusServiceWatcher>
+#include <QDBusVariant>
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace orrinvale
+{
+
+using namespace std::chrono_literals;
+
+namespace
+{
+
+const auto tray = QStringLiteral("org.kde.StatusNotifierWatcher");
+const auto trayPath = QStringLiteral("/StatusNotifierWatcher");
+constexpr auto patienceOnX11 = 1s; // after which the older protocol, whose tray may come at any time, is taken
+
+bool isOnX11()
+{
+    return QGuiApplication::platformName() == QStringLiteral("xcb");
+}
+
+} // namespace
+
+DesktopStatusItem::DesktopStatusItem(MainQueue& queue) : m_queue(queue)
+{
+    waitForTray();
+}
+
+DesktopStatusItem::~DesktopStatusItem() = default;
+
+void DesktopStatusItem::waitForTray()
+{
+    auto bus = QDBusConnection::sessionBus();
+    m_trayWatcher = std::make_unique<QDBusServiceWatcher>(tray, bus, QDBusServiceWatcher::WatchForRegistration);
+    QObject::connect(m_trayWatcher.get(), &QDBusServiceWatcher::serviceRegistered, this,
+                     &DesktopStatusItem::askForTray);
+    // Whoever sends it: to name the tray would wait for the bus to say who that is.
+    bus.connect({}, trayPath, tray, QStringLiteral("StatusNotifierHostRegistered"), this, SLOT(notifyTray()));
+    askForTray();
+    if (isOnX11())
+        m_patience = m_queue.after(patienceOnX11, [this] { embed(); });
+}
+
+// Whether anything shows the items that the tray's service knows of.
+void DesktopStatusItem::askForTray()
+{
+    auto ask = QDBusMessage::createMethodCall(tray, trayPath, QStringLiteral("org.freedesktop.DBus.Properties"),
+                                              QStringLiteral("Get"));
+    ask << tray << QStringLiteral("IsStatusNotifierHostRegistered");
+    ask.setAutoStartService(false);
+    auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(ask), this);
+    QObject::connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+        answer->deleteLater();
+        if (answer->reply().arguments().value(0).value<QDBusVariant>().variant().toBool())
+            notifyTray();
+    });
+}
+
+void DesktopStatusItem::notifyTray()
+{
+    m_patience.cancel();
+    m_embedded.reset();
+    if (!m_notifier) {
+        m_notifier = std::make_unique<StatusNotifierItem>(QDBusConnection::sessionBus());
+        m_notifier->onClick = [this](const QPoint& place) {
+            m_click = place;
+            click();
+        };
+        showIcon();
+        showToolTip();
+    }
+    m_notifier->registerWithTray();
+}
+
+// Qt's own item, which speaks the older protocol where there is no tray of the newer one.
+void DesktopStatusItem::embed()
+{
+    m_patience.cancel();
+    m_embedded = std::make_unique<SystemStatusItem>(SystemStatusItem::ToolTip::markup);
+    m_embedded->onClick = [this] { click(); };
+    showIcon();
+    showToolTip();
+    m_embedded->show();
+}
+
+void DesktopStatusItem::forgetClick()
+{
+    StatusNotifierItem::forgetActivationToken();
+}
+
+void DesktopStatusItem::showIcon()
+{
+    if (m_notifier)
+        m_notifier->setIcon(icon());
+    if (m_embedded)
+        m_embedded->setIcon(icon());
+}
+
+void DesktopStatusItem::showToolTip()
+{
+    if (m_notifier)
+        m_notifier->setToolTip(toolTip());
+    if (m_embedded)
+        m_embedded->setToolTip(toolTip());
+}
+
+StatusItemAnchor DesktopStatusItem::anchor() const
+{
+    if (m_embedded)
+        return m_embedded->anchor();
+    StatusItemAnchor anchor;
+    if (isOnX11())
+        anchor.pointer = QCursor::pos();
+    else if (isPlausibleClick(m_click, QGuiApplication::primaryScreen()->virtualGeometry()))
+        anchor.pointer = m_click;
+    return anchor;
+}
+
+std::unique_ptr<StatusItem> makeStatusItem(MainQueue& queue)
+{
+    return std::make_unique<DesktopStatusItem>(queue);
+}
+
+} // namespace orrinvale
