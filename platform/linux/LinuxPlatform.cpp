@@ -23,17 +23,22 @@ static std::optional<std::filesystem::path> notificationRecord(LinuxApplicationS
 }
 
 LinuxPlatform::LinuxPlatform(Desktop desktop)
-    : m_sessionBus(QDBusConnection::sessionBus()), m_systemBus(QDBusConnection::systemBus()),
+    : m_sessionBus(QDBusConnection::sessionBus()),
       m_appearance(m_sessionBus, {std::move(desktop.isPaletteDark), std::move(desktop.isComposited),
                                   std::move(desktop.applyAppearance)}),
       m_installedApplications(userEntryFolders()),
       m_loginItem(m_support.configDirectory() / "autostart", QCoreApplication::applicationFilePath().toStdString()),
-      m_mediaDevices(m_queue, m_background), m_powerAssertions(m_sessionBus, m_systemBus, m_queue),
-      m_powerSources(m_systemBus, m_queue, m_background), m_processStatus(m_queue, m_background),
+      m_mediaDevices(m_queue, m_background), m_powerAssertions(m_sessionBus, m_systemBus.connection(), m_queue),
+      m_powerSources(m_systemBus.connection(), m_queue, m_background), m_processStatus(m_queue, m_background),
       m_runningApplications(m_queue, m_background, m_applicationFiles),
-      m_sessionEvents(m_sessionBus, m_systemBus, m_queue),
+      m_sessionEvents(m_sessionBus, m_systemBus.connection(), m_queue),
       m_userDefaults(m_support.configDirectory() / "orrinvale" / "settings.json"),
-      m_userNotifications(m_sessionBus, notificationRecord(m_support))
+      m_userNotifications(m_sessionBus, notificationRecord(m_support)),
+      m_systemBusRenewals(m_systemBus.observe([this](const QDBusConnection& bus) {
+          m_powerAssertions.useSystemBus(bus);
+          m_powerSources.useSystemBus(bus);
+          m_sessionEvents.useSystemBus(bus);
+      }))
 {
 }
 

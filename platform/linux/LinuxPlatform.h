@@ -20,6 +20,7 @@
 #include "platform/linux/LinuxSessionEvents.h"
 #include "platform/linux/LinuxUserDefaults.h"
 #include "platform/linux/LinuxUserNotifications.h"
+#include "platform/linux/SystemBus.h"
 #include "platform/qt/QtMainQueue.h"
 
 namespace orrinvale
@@ -43,13 +44,13 @@ public:
     Platform platform();
 
 private:
-    QDBusConnection m_sessionBus;
-    QDBusConnection m_systemBus;
     SystemClock m_clock;
     QtMainQueue m_queue;
     ThreadSerialQueues m_serialQueues;
     ThreadSerialQueue m_background{"com.orrinvale.background"};
     ThreadSerialQueue m_applicationFiles{"com.orrinvale.applicationfiles"};
+    QDBusConnection m_sessionBus;
+    SystemBus m_systemBus{m_queue, m_background};
     LinuxApplicationSupport m_support;
     LinuxAppearance m_appearance;
     LinuxCPUCounters m_cpuCounters;
@@ -65,6 +66,7 @@ private:
     LinuxSessionEvents m_sessionEvents;
     LinuxUserDefaults m_userDefaults;
     LinuxUserNotifications m_userNotifications;
+    Cancellable m_systemBusRenewals;
 };
 
 } // namespace orrinvale

@@ -42,7 +42,7 @@ bool isSandboxed()
 
 LinuxPowerAssertions::LinuxPowerAssertions(const QDBusConnection& sessionBus, const QDBusConnection& systemBus,
                                            MainQueue& queue)
-    : m_queue(queue)
+    : m_queue(queue), m_sessionBus(sessionBus)
 {
     if (isSandboxed()) {
         m_desktop.push_back(makeInhibitor(portalService(), sessionBus));
@@ -55,12 +55,30 @@ LinuxPowerAssertions::LinuxPowerAssertions(const QDBusConnection& sessionBus, co
         m_policyAgent = m_desktop.back().get();
         m_desktop.push_back(makeInhibitor(sessionManagerService(), sessionBus));
         m_sessionManager = m_desktop.back().get();
-        m_gate = std::make_unique<IdleGate>(sessionBus, systemBus, queue, [this] { reconcile(); });
+        m_gate = makeGate(systemBus);
         m_desktop.push_back(makeInhibitor(powerManagementService(), sessionBus));
     }
     // LXQt suspends by itself and looks at no logind lock: one there would be a false promise.
     if (!isDesktop(u"LXQt"))
         m_logind = makeInhibitor(logindIdleService(), systemBus);
+}
+
+std::unique_ptr<IdleGate> LinuxPowerAssertions::makeGate(const QDBusConnection& systemBus)
+{
+    return std::make_unique<IdleGate>(m_sessionBus, systemBus, m_queue, [this] { reconcile(); });
+}
+
+// The session manager's lock on the login manager went with the old bus: whether its new one binds is looked at when it
+// is granted, and the lock that stands is looked at once more.
+void LinuxPowerAssertions::useSystemBus(const QDBusConnection& systemBus)
+{
+    if (m_logind)
+        m_logind = makeInhibitor(logindIdleService(), systemBus);
+    if (m_gate) {
+        m_gate = makeGate(systemBus);
+        m_gate->look();
+    }
+    settle(); // the bus is there before those whom it carries
 }
 
 // Locks go with their inhibitors.

@@ -26,6 +26,9 @@ public:
     LinuxPowerAssertions(const QDBusConnection& sessionBus, const QDBusConnection& systemBus, MainQueue& queue);
     ~LinuxPowerAssertions() override;
 
+    // The system bus was stopped and started again.
+    void useSystemBus(const QDBusConnection& systemBus);
+
     Created create(std::string_view type, std::uint32_t level, std::string_view name) override;
     void release(std::uint32_t id) override;
 
@@ -33,6 +36,7 @@ private:
     using Inhibitors = std::vector<std::unique_ptr<LinuxInhibitor>>;
 
     std::unique_ptr<LinuxInhibitor> makeInhibitor(InhibitorService service, const QDBusConnection& bus);
+    std::unique_ptr<IdleGate> makeGate(const QDBusConnection& systemBus);
     void forEach(const std::function<void(LinuxInhibitor&)>& visit) const;
     void begin(const QString& why);
     bool isHeld() const;
@@ -47,6 +51,7 @@ private:
     std::int32_t failure() const;
 
     MainQueue& m_queue;
+    QDBusConnection m_sessionBus;
     Inhibitors m_desktop;                     // preferred first
     std::unique_ptr<LinuxInhibitor> m_logind; // null where it is not to be used
     LinuxInhibitor* m_policyAgent = nullptr;

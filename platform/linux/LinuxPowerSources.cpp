@@ -89,18 +89,34 @@ std::optional<PowerSource> powerSourceFromSysfs(const std::string& folder)
 LinuxPowerSources::LinuxPowerSources(const QDBusConnection& systemBus, MainQueue& queue, SerialQueue& background,
                                      std::string sysfsFolder)
     : m_bus(systemBus), m_queue(queue), m_background(background), m_sysfsFolder(std::move(sysfsFolder)),
-      m_watcher(service, m_bus, QDBusServiceWatcher::WatchForOwnerChange),
-      m_deviceChanges(m_bus, service, devicePath, propertiesInterface, propertiesChanged,
-                      [this](const auto& message) { takeDevice(mapOf(message, 1)); }),
-      m_managerChanges(m_bus, service, managerPath, propertiesInterface, propertiesChanged,
-                       [this](const auto& message) { takeManager(mapOf(message, 1)); })
+      m_watcher(service, m_bus, QDBusServiceWatcher::WatchForOwnerChange)
 {
+    listen();
     QObject::connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
                      [this](const QString&, const QString&, const QString& owner) {
                          forget();
                          if (!owner.isEmpty())
                              ask();
                      });
+}
+
+void LinuxPowerSources::listen()
+{
+    const auto signal = [this](const QString& path, void (LinuxPowerSources::*take)(const QVariantMap&)) {
+        return std::make_unique<DBusSignal>(m_bus, service, path, propertiesInterface, propertiesChanged,
+                                            [this, take](const auto& message) { (this->*take)(mapOf(message, 1)); });
+    };
+    m_deviceChanges = signal(devicePath, &LinuxPowerSources::takeDevice);
+    m_managerChanges = signal(managerPath, &LinuxPowerSources::takeManager);
+}
+
+void LinuxPowerSources::useSystemBus(const QDBusConnection& systemBus)
+{
+    m_bus = systemBus;
+    m_watcher.setConnection(m_bus);
+    forget();
+    listen();
+    ask();
 }
 
 void LinuxPowerSources::ask()

@@ -24,12 +24,15 @@ public:
     LinuxPowerSources(const QDBusConnection& systemBus, MainQueue& queue, SerialQueue& background,
                       std::string sysfsFolder = "/sys/class/power_supply");
 
+    // The system bus was stopped and started again.
+    void useSystemBus(const QDBusConnection& systemBus);
     // Waits for the first real value, at most until `deadline`.
     void prime(const QDeadlineTimer& deadline);
 
     std::optional<PowerSource> first() override;
 
 private:
+    void listen();
     void ask();
     void takeDevice(const QVariantMap& properties);
     void takeManager(const QVariantMap& properties);
@@ -45,7 +48,7 @@ private:
     std::optional<PowerSource> m_sysfs;
     bool m_isReadingSysfs = false;
     QDBusServiceWatcher m_watcher;
-    DBusSignal m_deviceChanges, m_managerChanges;
+    std::unique_ptr<DBusSignal> m_deviceChanges, m_managerChanges;
     Lifetime m_lifetime;
 };
 

@@ -28,13 +28,27 @@ LinuxSessionEvents::LinuxSessionEvents(const QDBusConnection& sessionBus, const 
 {
     QObject::connect(&m_logindWatcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
                      [this](const QString&, const QString&, const QString& owner) {
-                         takeSession({{QStringLiteral("Active"), true}, {QStringLiteral("LockedHint"), false}});
+                         forgetSession();
                          if (!owner.isEmpty())
                              findSession();
                      });
     findSession();
     watchScreenSavers();
     watchCompositor();
+}
+
+void LinuxSessionEvents::forgetSession()
+{
+    takeSession({{QStringLiteral("Active"), true}, {QStringLiteral("LockedHint"), false}});
+}
+
+void LinuxSessionEvents::useSystemBus(const QDBusConnection& systemBus)
+{
+    m_systemBus = systemBus;
+    m_logindWatcher.setConnection(m_systemBus);
+    m_sessionChanges.reset();
+    forgetSession();
+    findSession();
 }
 
 void LinuxSessionEvents::findSession()

@@ -22,9 +22,13 @@ class LinuxSessionEvents final : public QObject, public SessionEvents
 public:
     LinuxSessionEvents(const QDBusConnection& sessionBus, const QDBusConnection& systemBus, MainQueue& queue);
 
+    // The system bus was stopped and started again.
+    void useSystemBus(const QDBusConnection& systemBus);
+
     [[nodiscard]] Cancellable observe(std::function<void(ScreenPresence)> onChange) override;
 
 private:
+    void forgetSession();
     void findSession();
     void followSession(const QString& path);
     void takeSession(const QVariantMap& properties);

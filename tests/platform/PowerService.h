@@ -13,17 +13,18 @@
 namespace orrinvale
 {
 
-inline QDBusMessage callLogind(const QString& method)
+inline QDBusMessage callLogind(const QString& method, const QDBusConnection& bus = QDBusConnection::systemBus())
 {
-    return QDBusConnection::systemBus().call(QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.login1"), QStringLiteral("/org/freedesktop/login1"),
-        QStringLiteral("org.freedesktop.login1.Manager"), method));
+    return bus.call(QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.login1"),
+                                                   QStringLiteral("/org/freedesktop/login1"),
+                                                   QStringLiteral("org.freedesktop.login1.Manager"), method));
 }
 
 // logind's locks of one holder, each as "what why mode".
-inline QStringList logindLocks(const QString& holder = QStringLiteral("orrinvale"))
+inline QStringList logindLocks(const QString& holder = QStringLiteral("orrinvale"),
+                               const QDBusConnection& bus = QDBusConnection::systemBus())
 {
-    const auto reply = callLogind(QStringLiteral("ListInhibitors"));
+    const auto reply = callLogind(QStringLiteral("ListInhibitors"), bus);
     if (reply.arguments().isEmpty())
         return {QStringLiteral("no answer: ") + reply.errorMessage()};
     QStringList locks;
