@@ -11,6 +11,7 @@
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/Panels.h"
 #include "platform/linux/PortalFilePanels.h"
+#include "platform/linux/SessionBusGuard.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/TerminationSignals.h"
 #include "text/LocalCalendar.h"
@@ -38,6 +39,7 @@ int main(int argc, char** argv)
     useUTF8();
     allowLayerSurfaces();
     TerminationSignals termination;
+    SessionBusGuard sessionBus;
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("orrinvale"));
     QApplication::setDesktopFileName(QStringLiteral("orrinvale"));
@@ -63,6 +65,7 @@ int main(int argc, char** argv)
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &application,
                      [&] { delegate.applicationWillTerminate(); });
     delegate.applicationDidFinishLaunching();
+    sessionBus.listen(platform.mainQueue, end);
     const auto status = QApplication::exec();
     delegate.applicationWillTerminate();
     desktop.flush();
@@ -71,5 +74,6 @@ int main(int argc, char** argv)
     // Nothing waits for background work at the end, and what it uses must not be taken away from under it: the process
     // goes as a whole. Files are replaced atomically, and the services free what is bound to our connection.
     std::fflush(nullptr);
+    sessionBus.beginAnew(argv);
     ::_exit(status);
 }
