@@ -12,7 +12,7 @@ namespace orrinvale
 std::optional<QString> moduleFile(const QString& name)
 {
     const auto program = QCoreApplication::applicationDirPath();
-    for (const auto* folder : {"/", "/../lib/orrinvale/"}) {
+    for (const auto* folder : {"/", "/../lib/orrinvale/", "/../PlugIns/"}) {
         const auto path = program + QLatin1String(folder) + name;
         if (QFileInfo(path).isFile())
             return QFileInfo(path).canonicalFilePath();

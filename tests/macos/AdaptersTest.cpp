@@ -93,6 +93,8 @@ TEST_F(MacPowerAssertionsTest, CutsLongNamesBetweenCharacters)
     EXPECT_EQ(firstCharacters("", 128), "");
     const auto id = MacPowerAssertions().create(type, 255, sharps).id;
     EXPECT_EQ(fake::assertions[id].name.size(), 256u);
+    const auto broken = MacPowerAssertions().create(type, 255, std::string(200, '\x80')).id; // no character begins
+    EXPECT_EQ(fake::assertions[broken].name.size(), 128 * std::string("\uFFFD").size());
 }
 
 using MacPowerSourcesTest = MacAdapters;
@@ -175,10 +177,11 @@ TEST_F(MacCPUCountersTest, StandsStillWhereACounterFell)
 {
     fake::host = {100, 0, 0, 0};
     MacCPUCounters counters;
-    fake::host = {90, 0, 0, 0};
+    fake::host = {90, 7, 0, 0};
     EXPECT_EQ(counters.host().ticks.user, 0u);
-    fake::host = {95, 0, 0, 0};
+    fake::host = {95, 8, 0, 0};
     EXPECT_EQ(counters.host().ticks.user, 5u);
+    EXPECT_EQ(counters.host().ticks.system, 8u);
 }
 
 TEST_F(MacCPUCountersTest, TellsFailures)
