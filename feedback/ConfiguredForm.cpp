@@ -7,7 +7,7 @@ namespace orrinvale
 
 std::optional<FormAddress> configuredForm()
 {
-    return FormAddress::parse(ORRINVALE_FEEDBACK_FORM, FormAddress::Allow::HttpsOnly);
+    return FormAddress::parse(ORRINVALE_FEEDBACK_FORM, FormAddress::Allow::httpsOnly);
 }
 
 } // namespace orrinvale

@@ -43,7 +43,7 @@ std::optional<FormAddress> FormAddress::parse(std::string_view text, Allow allow
     const auto scheme = text.substr(0, schemeEnd);
     const auto authority = text.substr(schemeEnd + 3, text.find_first_of("/?#", schemeEnd + 3) - schemeEnd - 3);
     const auto isAllowed =
-        scheme == "https" || (scheme == "http" && allow == Allow::LoopbackToo && isLoopback(authority));
+        scheme == "https" || (scheme == "http" && allow == Allow::loopbackToo && isLoopback(authority));
     if (!isAllowed || withoutPort(authority).empty() || authority.find('@') != std::string_view::npos)
         return std::nullopt;
     return FormAddress{std::string(text), std::string(text.substr(0, schemeEnd + 3)) + std::string(authority)};

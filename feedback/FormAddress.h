@@ -11,7 +11,7 @@ namespace orrinvale
 
 // The address of the hosted form, in its embeddable layout.
 struct FormAddress {
-    enum class Allow { HttpsOnly, LoopbackToo };
+    enum class Allow { httpsOnly, loopbackToo };
 
     std::string address;
     std::string origin; // scheme, host and port

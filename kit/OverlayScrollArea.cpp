@@ -17,7 +17,7 @@ constexpr auto focusMargin = 20; // room that a focused control keeps to the edg
 } // namespace
 
 OverlayScrollArea::OverlayScrollArea(QWidget* parent)
-    : QScrollArea(parent), m_thumb(new OverlayThumb(this, OverlayThumb::Shows::WhileScrolling))
+    : QScrollArea(parent), m_thumb(new OverlayThumb(this, OverlayThumb::Shows::whileScrolling))
 {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus);

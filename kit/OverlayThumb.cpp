@@ -26,7 +26,7 @@ constexpr auto shownFor = 900; // milliseconds after the last movement
 OverlayThumb::OverlayThumb(QAbstractScrollArea* area, Shows when)
     : QWidget(area), m_area(*area), m_when(when), m_hide(new QTimer(this))
 {
-    if (when == Shows::WhileScrolling)
+    if (when == Shows::whileScrolling)
         setAttribute(Qt::WA_TransparentForMouseEvents);
     hide();
     m_hide->setSingleShot(true);
@@ -86,7 +86,7 @@ void OverlayThumb::place()
     const auto moved = static_cast<int>(std::int64_t{travel()} * (bar.value() - bar.minimum()) / range());
     const auto width = thumbWidth + 2 * thumbMargin;
     setGeometry(m_area.width() - m_frameWidth - width, trackTop() + moved, width, length());
-    if (m_when == Shows::WheneverThereIsMore)
+    if (m_when == Shows::wheneverThereIsMore)
         reveal();
 }
 
@@ -96,7 +96,7 @@ void OverlayThumb::reveal()
         return;
     show();
     raise();
-    if (m_when == Shows::WhileScrolling)
+    if (m_when == Shows::whileScrolling)
         m_hide->start(shownFor);
 }
 

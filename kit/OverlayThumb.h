@@ -20,8 +20,8 @@ class OverlayThumb final : public QWidget
 
 public:
     enum class Shows {
-        WhileScrolling,      // and cannot be grasped
-        WheneverThereIsMore, // and can be dragged
+        whileScrolling,      // and cannot be grasped
+        wheneverThereIsMore, // and can be dragged
     };
 
     OverlayThumb(QAbstractScrollArea* area, Shows when);

@@ -28,7 +28,7 @@ constexpr auto unusable = 0.5; // opacity
 } // namespace
 
 WindowButton::WindowButton(const QString& text, Kind kind, QWidget* parent)
-    : PaintedButton(parent), m_kind(kind), m_style(kind == Kind::Default ? windowText::strongTitle : windowText::button)
+    : PaintedButton(parent), m_kind(kind), m_style(kind == Kind::filled ? windowText::strongTitle : windowText::button)
 {
     setAccessibleName(text);
 }
@@ -55,7 +55,7 @@ void WindowButton::setTextStyle(const TextStyle& style)
 QSize WindowButton::shownSize() const
 {
     const auto height = std::max(leastHeight, m_style.line() + 2 * verticalPadding);
-    if (m_kind == Kind::Icon)
+    if (m_kind == Kind::icon)
         return {height, height};
     const auto text = std::ceil(QFontMetricsF(m_style.font()).horizontalAdvance(accessibleName()));
     const auto before = m_symbol.isEmpty() ? textPadding : symbolPadding + m_symbolSize + symbolToText;
@@ -66,9 +66,9 @@ QColor WindowButton::ground() const
 {
     if (isThreatening())
         return m_colours.dangerWash;
-    if (m_kind == Kind::Icon)
+    if (m_kind == Kind::icon)
         return Qt::transparent;
-    const auto isDefault = m_kind == Kind::Default;
+    const auto isDefault = m_kind == Kind::filled;
     if (isEnabled() && isDown())
         return isDefault ? m_colours.defaultButtonPressed : m_colours.buttonPressed;
     if (isEnabled() && isHovered())
@@ -80,18 +80,18 @@ QColor WindowButton::ink() const
 {
     if (isThreatening())
         return m_colours.danger;
-    if (m_kind == Kind::Default)
+    if (m_kind == Kind::filled)
         return Qt::white;
-    return m_kind == Kind::Icon ? m_colours.quietText : m_colours.primaryText;
+    return m_kind == Kind::icon ? m_colours.quietText : m_colours.primaryText;
 }
 
 QColor WindowButton::outline() const
 {
-    if (m_kind == Kind::Icon)
+    if (m_kind == Kind::icon)
         return Qt::transparent;
     if (isThreatening())
         return m_colours.danger;
-    return m_kind == Kind::Default ? ground() : m_colours.buttonBorder;
+    return m_kind == Kind::filled ? ground() : m_colours.buttonBorder;
 }
 
 bool WindowButton::hitButton(const QPoint& position) const
@@ -103,7 +103,7 @@ void WindowButton::paintContent(QPainter& painter, const QRectF& shown) const
 {
     const QSizeF symbol(m_symbolSize, m_symbolSize);
     const auto symbolTop = std::round(shown.center().y() - m_symbolSize / 2.0);
-    if (m_kind == Kind::Icon) {
+    if (m_kind == Kind::icon) {
         const auto left = std::round(shown.center().x() - m_symbolSize / 2.0);
         return paintSymbol(painter, m_symbol, QRectF(QPointF(left, symbolTop), symbol), ink());
     }

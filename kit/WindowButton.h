@@ -16,9 +16,9 @@ class WindowButton final : public PaintedButton
 
 public:
     enum class Kind {
-        Ordinary,
-        Default, // filled
-        Icon     // a symbol without a frame
+        ordinary,
+        filled, // the default one
+        icon    // a symbol without a frame
     };
 
     WindowButton(const QString& text, Kind kind, QWidget* parent);

@@ -35,8 +35,8 @@ constexpr auto titleToStats = 1;
 ActivityLogView::ActivityLogView(const Clock& clock, const LocalCalendar& calendar)
     : m_colours(&WindowPalette::of(Look::light)), m_heatmapView(new HeatmapView(clock, calendar, this)),
       m_titleLabel(new TextLabel(this, Qt::ElideRight)), m_statsLabel(new TextLabel(this, Qt::ElideRight)),
-      m_clearButton(new WindowButton(QStringLiteral("Clear"), WindowButton::Kind::Ordinary, this)),
-      m_exportButton(new WindowButton(QStringLiteral("Export"), WindowButton::Kind::Ordinary, this)),
+      m_clearButton(new WindowButton(QStringLiteral("Clear"), WindowButton::Kind::ordinary, this)),
+      m_exportButton(new WindowButton(QStringLiteral("Export"), WindowButton::Kind::ordinary, this)),
       m_dayDetailView(new DayDetailView(clock, calendar, this))
 {
     m_clearButton->setSymbol(QStringLiteral("trash"));

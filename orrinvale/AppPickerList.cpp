@@ -54,7 +54,7 @@ private:
 AppPickerList::AppPickerList(const AppPicker& picker, MainQueue& queue, QWidget* parent)
     : QListView(parent), m_picker(picker), m_model(new Model(picker, this)),
       m_delegate(new AppRowDelegate(picker, queue, *this)),
-      m_thumb(new OverlayThumb(this, OverlayThumb::Shows::WheneverThereIsMore)), m_loadingLabel(new TextLabel(this))
+      m_thumb(new OverlayThumb(this, OverlayThumb::Shows::wheneverThereIsMore)), m_loadingLabel(new TextLabel(this))
 {
     setAccessibleName(QStringLiteral("Apps"));
     setFrameShape(NoFrame);

@@ -38,8 +38,8 @@ AppPickerSheet::AppPickerSheet(const Platform& platform, std::string locale, Loo
       m_list(new AppPickerList(m_picker, platform.mainQueue, &card())),
       m_labelCaption(new TextLabel(&card(), Qt::ElideRight)),
       m_label(new TextField(QStringLiteral("Label"), windowText::body, &card())),
-      m_cancel(new WindowButton(QStringLiteral("Cancel"), WindowButton::Kind::Ordinary, &card())),
-      m_add(new WindowButton(QStringLiteral("Add"), WindowButton::Kind::Default, &card()))
+      m_cancel(new WindowButton(QStringLiteral("Cancel"), WindowButton::Kind::ordinary, &card())),
+      m_add(new WindowButton(QStringLiteral("Add"), WindowButton::Kind::filled, &card()))
 {
     buildControls();
     connectControls();

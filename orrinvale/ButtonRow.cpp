@@ -15,7 +15,7 @@ namespace orrinvale
 ButtonRow::ButtonRow(const QString& title, const QString& subtitle, const QString& button, QWidget* parent,
                      Qt::TextElideMode subtitleElision)
     : QWidget(parent), m_text(new RowText(title, subtitle, this, subtitleElision)),
-      m_button(new WindowButton(button, WindowButton::Kind::Ordinary, this))
+      m_button(new WindowButton(button, WindowButton::Kind::ordinary, this))
 {
     m_button->setAccessibleDescription(title);
 }

@@ -36,14 +36,14 @@ FeedbackProgram::FeedbackProgram(const QString& path, Look look, FeedbackOverlay
     m_process->setStandardErrorFile(QProcess::nullDevice());
     connect(m_process.get(), &QProcess::readyReadStandardOutput, this, &FeedbackProgram::read);
     connect(m_process.get(), &QProcess::finished, this, [this](int status, QProcess::ExitStatus how) {
-        Q_EMIT ended(how == QProcess::NormalExit && status == 0 ? Ending::Closed : Ending::Failed);
+        Q_EMIT ended(how == QProcess::NormalExit && status == 0 ? Ending::closed : Ending::failed);
     });
     // Queued, because a start that fails may say so before it returns.
     connect(
         m_process.get(), &QProcess::errorOccurred, this,
         [this](QProcess::ProcessError error) {
             if (error == QProcess::FailedToStart)
-                Q_EMIT ended(Ending::Failed);
+                Q_EMIT ended(Ending::failed);
         },
         Qt::QueuedConnection);
     m_process->start(path, argumentsFor(look, motion));

@@ -19,7 +19,7 @@ class FeedbackProgram final : public QObject
     Q_OBJECT
 
 public:
-    enum class Ending { Closed, Failed };
+    enum class Ending { closed, failed };
 
     FeedbackProgram(const QString& path, Look look, FeedbackOverlay::Motion motion);
     ~FeedbackProgram() override;

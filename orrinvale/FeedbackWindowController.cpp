@@ -64,7 +64,7 @@ void FeedbackWindowController::start(const QString& path)
     m_program = std::make_unique<FeedbackProgram>(path, lookOf(m_settings), motion);
     connect(m_program.get(), &FeedbackProgram::shown, this, [this] { m_startLimit.cancel(); });
     connect(m_program.get(), &FeedbackProgram::ended, this, &FeedbackWindowController::ended);
-    m_startLimit = m_platform.mainQueue.after(startLimit, [this] { ended(FeedbackProgram::Ending::Failed); });
+    m_startLimit = m_platform.mainQueue.after(startLimit, [this] { ended(FeedbackProgram::Ending::failed); });
 }
 
 void FeedbackWindowController::ended(FeedbackProgram::Ending ending)
@@ -72,7 +72,7 @@ void FeedbackWindowController::ended(FeedbackProgram::Ending ending)
     m_startLimit.cancel();
     m_program->disconnect(this);
     m_program.release()->deleteLater(); // it may be what is calling
-    if (ending == FeedbackProgram::Ending::Failed)
+    if (ending == FeedbackProgram::Ending::failed)
         showFailure();
 }
 

@@ -143,13 +143,13 @@ const HeatmapDay* heatmapMove(const HeatmapGrid& grid, const std::string& select
 {
     if (grid.days.empty())
         return nullptr;
-    if (move == HeatmapMove::Home)
+    if (move == HeatmapMove::home)
         return &grid.days.front();
     const auto* selected = grid.dayOf(selectedDateKey);
-    if (!selected || move == HeatmapMove::End)
+    if (!selected || move == HeatmapMove::end)
         return &grid.days.back();
-    const auto columns = move == HeatmapMove::Left ? -1 : move == HeatmapMove::Right ? 1 : 0;
-    const auto rows = move == HeatmapMove::Up ? -1 : move == HeatmapMove::Down ? 1 : 0;
+    const auto columns = move == HeatmapMove::left ? -1 : move == HeatmapMove::right ? 1 : 0;
+    const auto rows = move == HeatmapMove::up ? -1 : move == HeatmapMove::down ? 1 : 0;
     const auto* next = grid.at(selected->column + columns, selected->row + rows);
     return next ? next : selected;
 }
@@ -159,15 +159,15 @@ HeatmapLayout::HeatmapLayout(const HeatmapGrid& shown, double width, double heig
 {
     for (const auto& day : shown.days)
         cells.push_back({cellRect(day.column, day.row, width, height), day});
-    labels.push_back({"ACTIVITY", {cardPadding, height - 22}, 11, TextWeight::Semibold});
+    labels.push_back({"ACTIVITY", {cardPadding, height - 22}, 11, TextWeight::semibold});
     labels.push_back(
-        {shown.range, {width - cardPadding, height - 21}, 10, TextWeight::Regular, HeatmapLabel::Corner::Right});
+        {shown.range, {width - cardPadding, height - 21}, 10, TextWeight::regular, HeatmapLabel::Corner::right});
     for (const auto& month : shown.months)
         labels.push_back(
-            {month.name, {columnsLeft(width) + cellStep * month.column, height - 42}, 10, TextWeight::Medium});
+            {month.name, {columnsLeft(width) + cellStep * month.column, height - 42}, 10, TextWeight::medium});
     for (const auto& weekday : weekdays) {
         const auto y = cellRect(0, weekday.row, width, height).y + 1;
-        labels.push_back({weekday.name, {cardPadding, y}, 9, TextWeight::Regular});
+        labels.push_back({weekday.name, {cardPadding, y}, 9, TextWeight::regular});
         addGuides(guides, weekday.row, width, height);
     }
 }
@@ -193,9 +193,9 @@ HeatmapLegend heatmapLegend(double width, double lessWidth, double moreWidth)
     constexpr double y = 8, wordGap = 6, swatchSize = 10, swatchStep = 13, moreOffset = 68, points = 9;
     const auto moreX = width - cardPadding - moreWidth;
     const auto swatchesX = moreX - moreOffset;
-    HeatmapLegend legend{{"Less", {swatchesX - wordGap - lessWidth, y}, points, TextWeight::Regular},
+    HeatmapLegend legend{{"Less", {swatchesX - wordGap - lessWidth, y}, points, TextWeight::regular},
                          {},
-                         {"More", {moreX, y}, points, TextWeight::Regular}};
+                         {"More", {moreX, y}, points, TextWeight::regular}};
     for (std::size_t level = 0; level < legend.swatches.size(); ++level)
         legend.swatches[level] = {swatchesX + swatchStep * static_cast<double>(level), y, swatchSize, swatchSize};
     return legend;

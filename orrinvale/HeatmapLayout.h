@@ -51,20 +51,20 @@ HeatmapGrid heatmapGrid(const std::vector<ActivityEntry>& entries, Instant now, 
 // "Oct 5, 2026 — 2 active periods"; also what a cell is called by assistive technology.
 std::string heatmapTooltip(const HeatmapDay& day, const LocalCalendar& calendar);
 
-enum class HeatmapMove { Left, Right, Up, Down, Home, End };
+enum class HeatmapMove { left, right, up, down, home, end };
 
 // The day to select after a key: along the drawn grid, Home and End to its first and last day. The selected day itself
 // when there is nothing to move to; the last day when the selected one is not drawn. nullptr in an empty grid.
 const HeatmapDay* heatmapMove(const HeatmapGrid& grid, const std::string& selectedDateKey, HeatmapMove move);
 
-enum class TextWeight { Regular, Medium, Semibold };
+enum class TextWeight { regular, medium, semibold };
 
 struct HeatmapLabel {
     std::string text;
     Point corner; // the lower left corner of the line box, or the lower right one
     double points;
     TextWeight weight;
-    enum class Corner { Left, Right } at = Corner::Left;
+    enum class Corner { left, right } at = Corner::left;
 
     friend bool operator==(const HeatmapLabel&, const HeatmapLabel&) = default;
 };

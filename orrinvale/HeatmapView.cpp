@@ -29,15 +29,15 @@ constexpr auto focusRadius = 7.0;
 
 QFont::Weight weightOf(TextWeight weight)
 {
-    return weight == TextWeight::Semibold ? QFont::DemiBold
-           : weight == TextWeight::Medium ? QFont::Medium
+    return weight == TextWeight::semibold ? QFont::DemiBold
+           : weight == TextWeight::medium ? QFont::Medium
                                           : QFont::Normal;
 }
 
 // The views keep their sizes whatever the desktop's text scale: the grid they name does.
 QFont fontOf(const HeatmapLabel& label)
 {
-    return scaledFont(label.points, weightOf(label.weight), label.weight == TextWeight::Semibold ? titleTracking : 0,
+    return scaledFont(label.points, weightOf(label.weight), label.weight == TextWeight::semibold ? titleTracking : 0,
                       1);
 }
 
@@ -51,17 +51,17 @@ std::optional<HeatmapMove> moveOf(int key)
 {
     switch (key) {
     case Qt::Key_Left:
-        return HeatmapMove::Left;
+        return HeatmapMove::left;
     case Qt::Key_Right:
-        return HeatmapMove::Right;
+        return HeatmapMove::right;
     case Qt::Key_Up:
-        return HeatmapMove::Up;
+        return HeatmapMove::up;
     case Qt::Key_Down:
-        return HeatmapMove::Down;
+        return HeatmapMove::down;
     case Qt::Key_Home:
-        return HeatmapMove::Home;
+        return HeatmapMove::home;
     case Qt::Key_End:
-        return HeatmapMove::End;
+        return HeatmapMove::end;
     default:
         return std::nullopt;
     }
@@ -213,7 +213,7 @@ void HeatmapView::paintLabel(QPainter& painter, const HeatmapLabel& label) const
     const auto font = fontOf(label);
     const QFontMetricsF metrics(font);
     const auto text = QString::fromStdString(label.text);
-    const auto isAtRight = label.at == HeatmapLabel::Corner::Right;
+    const auto isAtRight = label.at == HeatmapLabel::Corner::right;
     const auto left = isAtRight ? label.corner.x - metrics.horizontalAdvance(text) : label.corner.x;
     painter.setFont(font);
     painter.drawText(QPointF(left, height() - label.corner.y - metrics.descent()), text);

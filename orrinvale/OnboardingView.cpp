@@ -90,7 +90,7 @@ const std::array<PointList::Point, 3>& OnboardingView::points()
 OnboardingView::OnboardingView()
     : m_colours(&WindowPalette::of(Look::light)), m_heading(new TextLabel(this)), m_introduction(new TextLabel(this)),
       m_scrollArea(new OverlayScrollArea(this)), m_points(new PointList(points(), nullptr)), m_fade(new Fade(this)),
-      m_button(new WindowButton(QStringLiteral("Get Started"), WindowButton::Kind::Default, this))
+      m_button(new WindowButton(QStringLiteral("Get Started"), WindowButton::Kind::filled, this))
 {
     m_heading->setContent(QStringLiteral("Welcome to orrinvale"));
     m_introduction->setContent(QStringLiteral("A few things worth knowing before you start."));

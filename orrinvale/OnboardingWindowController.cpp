@@ -13,7 +13,7 @@ namespace orrinvale
 OnboardingWindowController::OnboardingWindowController(AppSettings& settings, const Platform& platform)
     : WindowController(
           settings, platform,
-          {QStringLiteral("Welcome to orrinvale"), QSize(480, 520), QSize(480, 520), Closing::ByProgramAlone}),
+          {QStringLiteral("Welcome to orrinvale"), QSize(480, 520), QSize(480, 520), Closing::byProgramAlone}),
       m_view(new OnboardingView)
 {
     setContent(m_view);

@@ -28,7 +28,7 @@ constexpr auto paddingRight = 10; // the glyph, not the button, stands on the ca
 WatchListRow::WatchListRow(const CustomProcess& process, QWidget* icon, QWidget* parent)
     : QWidget(parent), m_process(process), m_icon(icon), m_label(new TextLabel(this, Qt::ElideRight)),
       m_bundleID(new TextLabel(this, Qt::ElideMiddle)),
-      m_deleteButton(new WindowButton(QStringLiteral("Delete"), WindowButton::Kind::Icon, this))
+      m_deleteButton(new WindowButton(QStringLiteral("Delete"), WindowButton::Kind::icon, this))
 {
     m_icon->setParent(this);
     m_label->setContent(QString::fromStdString(process.label));

@@ -31,7 +31,7 @@ constexpr auto plusSize = 12;
 WatchListView::WatchListView(MakeIcon makeIcon, QWidget* parent)
     : QWidget(parent), m_makeIcon(std::move(makeIcon)), m_emptyLabel(new TextLabel(this)),
       m_hintLabel(new TextLabel(this)),
-      m_addButton(new WindowButton(QStringLiteral("Add App…"), WindowButton::Kind::Ordinary, this))
+      m_addButton(new WindowButton(QStringLiteral("Add App…"), WindowButton::Kind::ordinary, this))
 {
     m_emptyLabel->setContent(QStringLiteral("No custom apps yet"));
     m_hintLabel->setContent(QStringLiteral("Tap \"Add App\""));

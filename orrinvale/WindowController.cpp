@@ -38,13 +38,13 @@ protected:
     // Closing by the window manager arrives as an event from outside, whoever else may hide the window.
     void closeEvent(QCloseEvent* event) override
     {
-        if (m_closing == Closing::ByProgramAlone && event->spontaneous())
+        if (m_closing == Closing::byProgramAlone && event->spontaneous())
             event->ignore();
     }
 
     void keyPressEvent(QKeyEvent* event) override
     {
-        if (event->key() == Qt::Key_Escape && m_closing == Closing::ByUser)
+        if (event->key() == Qt::Key_Escape && m_closing == Closing::byUser)
             close();
     }
 
@@ -72,7 +72,7 @@ WindowController::WindowController(AppSettings& settings, const Platform& platfo
         m_window->setFixedSize(shape.size);
     else
         m_window->resize(shape.size);
-    if (shape.closing == Closing::ByProgramAlone)
+    if (shape.closing == Closing::byProgramAlone)
         m_window->setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
 }
 

@@ -25,13 +25,13 @@ class WindowController : public QObject
     Q_OBJECT
 
 public:
-    enum class Closing { ByUser, ByProgramAlone };
+    enum class Closing { byUser, byProgramAlone };
 
     struct Shape {
         QString title;
         QSize size;
         QSize minimumSize; // equal to the size: it cannot be resized
-        Closing closing = Closing::ByUser;
+        Closing closing = Closing::byUser;
     };
 
     ~WindowController() override;

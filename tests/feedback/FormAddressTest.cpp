@@ -58,14 +58,14 @@ std::string originOf(const char* address, Allow allow)
 TEST(FormAddress, OnlyHttpsIsAFormAndInTestsLoopbackToo)
 {
     for (const auto& row : cases) {
-        EXPECT_EQ(row.origin, originOf(row.address, Allow::HttpsOnly)) << row.address;
-        EXPECT_EQ(row.originForTests, originOf(row.address, Allow::LoopbackToo)) << row.address;
+        EXPECT_EQ(row.origin, originOf(row.address, Allow::httpsOnly)) << row.address;
+        EXPECT_EQ(row.originForTests, originOf(row.address, Allow::loopbackToo)) << row.address;
     }
 }
 
 TEST(WrapperPage, IsFixedToTheByte)
 {
-    const auto form = FormAddress::parse("https://forms.example.org/f?id=3&embed=true", Allow::HttpsOnly);
+    const auto form = FormAddress::parse("https://forms.example.org/f?id=3&embed=true", Allow::httpsOnly);
     const std::string page = R"page(<!DOCTYPE html>
 <html>
 <head>

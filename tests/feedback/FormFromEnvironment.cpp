@@ -10,7 +10,7 @@ namespace orrinvale
 std::optional<FormAddress> configuredForm()
 {
     const auto* address = std::getenv("ORRINVALE_FEEDBACK_FORM");
-    return FormAddress::parse(address ? address : "", FormAddress::Allow::LoopbackToo);
+    return FormAddress::parse(address ? address : "", FormAddress::Allow::loopbackToo);
 }
 
 } // namespace orrinvale

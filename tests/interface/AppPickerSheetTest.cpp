@@ -41,7 +41,7 @@ struct AppPickerSheetTest : InterfaceFixture {
             fake.installed.install(std::string("org.") + name, name);
         fake.appearance.motionIsReduced = true;
         content.resize(540, 560);
-        opener = new WindowButton(QStringLiteral("Add App…"), WindowButton::Kind::Ordinary, &content);
+        opener = new WindowButton(QStringLiteral("Add App…"), WindowButton::Kind::ordinary, &content);
         content.show();
         content.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&content));

@@ -42,7 +42,7 @@ TEST_F(ButtonRowTest, TheButtonSaysWhatItIsAbout)
 {
     EXPECT_EQ(row.button().accessibleName(), QStringLiteral("Choose"));
     EXPECT_EQ(row.button().accessibleDescription(), QStringLiteral("Downloads Folder"));
-    EXPECT_EQ(row.button().kind(), WindowButton::Kind::Ordinary);
+    EXPECT_EQ(row.button().kind(), WindowButton::Kind::ordinary);
 }
 
 TEST_F(ButtonRowTest, IsStyledWhole)

@@ -58,7 +58,7 @@ TEST_F(OnboardingViewTest, HasHeadingIntroductionAndButton)
     EXPECT_EQ(view.headingLabel().text(), QStringLiteral("Welcome to orrinvale"));
     EXPECT_EQ(view.introductionLabel().text(), QStringLiteral("A few things worth knowing before you start."));
     EXPECT_EQ(view.button().accessibleName(), QStringLiteral("Get Started"));
-    EXPECT_EQ(view.button().kind(), WindowButton::Kind::Default);
+    EXPECT_EQ(view.button().kind(), WindowButton::Kind::filled);
 }
 
 TEST_F(OnboardingViewTest, StandsAsItWasDrawn)

@@ -34,12 +34,12 @@ struct OverlayThumbTest : InterfaceFixture {
 
 TEST_F(OverlayThumbTest, IsNotThereWhenEverythingShows)
 {
-    EXPECT_FALSE(show(OverlayThumb::Shows::WheneverThereIsMore, 108).isVisible());
+    EXPECT_FALSE(show(OverlayThumb::Shows::wheneverThereIsMore, 108).isVisible());
 }
 
 TEST_F(OverlayThumbTest, IsAsLongAsTheShareThatShows)
 {
-    EXPECT_EQ(show(OverlayThumb::Shows::WheneverThereIsMore, 216).shownRect(), QRect(90, 4, 6, 50));
+    EXPECT_EQ(show(OverlayThumb::Shows::wheneverThereIsMore, 216).shownRect(), QRect(90, 4, 6, 50));
     area.verticalScrollBar()->setValue(108);
     EXPECT_EQ(thumb->shownRect(), QRect(90, 54, 6, 50));
     EXPECT_TRUE(thumb->isVisible());
@@ -48,20 +48,20 @@ TEST_F(OverlayThumbTest, IsAsLongAsTheShareThatShows)
 
 TEST_F(OverlayThumbTest, KeepsALeastLength)
 {
-    EXPECT_EQ(show(OverlayThumb::Shows::WheneverThereIsMore, 108'000).shownRect().height(), 24);
+    EXPECT_EQ(show(OverlayThumb::Shows::wheneverThereIsMore, 108'000).shownRect().height(), 24);
     area.verticalScrollBar()->setValue(area.verticalScrollBar()->maximum());
     EXPECT_EQ(thumb->shownRect().bottom(), 103);
 }
 
 TEST_F(OverlayThumbTest, StandsInsideTheFrameOfItsArea)
 {
-    show(OverlayThumb::Shows::WheneverThereIsMore, 216).setFrameWidth(2);
+    show(OverlayThumb::Shows::wheneverThereIsMore, 216).setFrameWidth(2);
     EXPECT_EQ(thumb->shownRect(), QRect(88, 6, 6, 48));
 }
 
 TEST_F(OverlayThumbTest, FollowsTheAreasSize)
 {
-    show(OverlayThumb::Shows::WheneverThereIsMore, 216);
+    show(OverlayThumb::Shows::wheneverThereIsMore, 216);
     area.resize(100, 58);
     EXPECT_EQ(thumb->shownRect().top(), 4);
     EXPECT_EQ(thumb->shownRect().height(), 24);
@@ -71,7 +71,7 @@ TEST_F(OverlayThumbTest, FollowsTheAreasSize)
 
 TEST_F(OverlayThumbTest, CanBeDragged)
 {
-    show(OverlayThumb::Shows::WheneverThereIsMore, 216);
+    show(OverlayThumb::Shows::wheneverThereIsMore, 216);
     QTest::mousePress(thumb, Qt::LeftButton, {}, {7, 10});
     QTest::mouseMove(thumb, {7, 35});
     EXPECT_EQ(value(), 54);
@@ -83,7 +83,7 @@ TEST_F(OverlayThumbTest, CanBeDragged)
 
 TEST_F(OverlayThumbTest, MayShowOnlyWhileScrolling)
 {
-    EXPECT_FALSE(show(OverlayThumb::Shows::WhileScrolling, 216).isVisible());
+    EXPECT_FALSE(show(OverlayThumb::Shows::whileScrolling, 216).isVisible());
     area.verticalScrollBar()->setValue(10);
     EXPECT_TRUE(thumb->isVisible());
     EXPECT_TRUE(thumb->testAttribute(Qt::WA_TransparentForMouseEvents));

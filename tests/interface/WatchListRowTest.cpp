@@ -34,7 +34,7 @@ TEST_F(WatchListRowTest, ShowsLabelAndIdentifier)
     EXPECT_EQ(usual().labelLabel().text(), QStringLiteral("HandBrake active"));
     EXPECT_EQ(made->bundleIDLabel().text(), QStringLiteral("fr.handbrake.HandBrake"));
     EXPECT_EQ(made->deleteButton().symbol(), QStringLiteral("trash"));
-    EXPECT_EQ(made->deleteButton().kind(), WindowButton::Kind::Icon);
+    EXPECT_EQ(made->deleteButton().kind(), WindowButton::Kind::icon);
     EXPECT_EQ(made->deleteButton().accessibleName(), QStringLiteral("Delete HandBrake active"));
 }
 

@@ -19,13 +19,13 @@ struct WindowButtonTest : InterfaceFixture, testing::WithParamInterface<Look> {
     WindowButtonTest()
     {
         window.resize(300, 100);
-        ordinary = add(QStringLiteral("Cancel"), Kind::Ordinary, {20, 20});
-        withSymbol = add(QStringLiteral("Clear"), Kind::Ordinary, {120, 20});
+        ordinary = add(QStringLiteral("Cancel"), Kind::ordinary, {20, 20});
+        withSymbol = add(QStringLiteral("Clear"), Kind::ordinary, {120, 20});
         withSymbol->setSymbol(QStringLiteral("trash"));
         withSymbol->setDangerous(true);
         fit(*withSymbol);
-        isDefault = add(QStringLiteral("Get Started"), Kind::Default, {20, 60});
-        icon = add(QStringLiteral("Delete"), Kind::Icon, {150, 60});
+        isDefault = add(QStringLiteral("Get Started"), Kind::filled, {20, 60});
+        icon = add(QStringLiteral("Delete"), Kind::icon, {150, 60});
         icon->setSymbol(QStringLiteral("trash"));
         icon->setDangerous(true);
         window.show();

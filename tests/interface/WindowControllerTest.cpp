@@ -32,7 +32,7 @@ struct SomeWindow final : WindowController {
 
 const WindowController::Shape shape{QStringLiteral("Some window"), {540, 420}, {460, 400}};
 const WindowController::Shape fixedShape{
-    QStringLiteral("Fixed"), {480, 520}, {480, 520}, WindowController::Closing::ByProgramAlone};
+    QStringLiteral("Fixed"), {480, 520}, {480, 520}, WindowController::Closing::byProgramAlone};
 
 struct WindowControllerTest : InterfaceFixture {
     SomeWindow& some(const WindowController::Shape& which = shape)

@@ -123,7 +123,7 @@ TEST_P(AroundTheYearsTurn, AColumnThatBeginsAnotherMonthIsLabelledEvenWhenEmpty)
     for (const auto& label : expected) {
         ASSERT_TRUE(labelOf(layout, label.name));
         EXPECT_EQ(*labelOf(layout, label.name),
-                  (HeatmapLabel{label.name, {44 + 142 + 15.0 * label.column, 154}, 10, TextWeight::Medium}));
+                  (HeatmapLabel{label.name, {44 + 142 + 15.0 * label.column, 154}, 10, TextWeight::medium}));
     }
 }
 
@@ -202,17 +202,17 @@ TEST_F(HeatmapTest, TooltipsReadAsTheLocaleWritesDates)
 TEST_F(HeatmapTest, TheHeaderNamesTheSpan)
 {
     const HeatmapLayout layout(gridOf({}), cardWidth, cardHeight);
-    EXPECT_EQ(layout.labels[0], (HeatmapLabel{"ACTIVITY", {20, 174}, 11, TextWeight::Semibold}));
+    EXPECT_EQ(layout.labels[0], (HeatmapLabel{"ACTIVITY", {20, 174}, 11, TextWeight::semibold}));
     EXPECT_EQ(layout.labels[1],
-              (HeatmapLabel{"Jul 2026 – Oct 2026", {580, 175}, 10, TextWeight::Regular, HeatmapLabel::Corner::Right}));
+              (HeatmapLabel{"Jul 2026 – Oct 2026", {580, 175}, 10, TextWeight::regular, HeatmapLabel::Corner::right}));
 }
 
 TEST_F(HeatmapTest, TheRowsOneThreeAndFiveBearTheWeekdayWords)
 {
     const HeatmapLayout layout(gridOf({}), cardWidth, cardHeight);
-    EXPECT_EQ(*labelOf(layout, "Mon"), (HeatmapLabel{"Mon", {20, 120}, 9, TextWeight::Regular}));
-    EXPECT_EQ(*labelOf(layout, "Wed"), (HeatmapLabel{"Wed", {20, 90}, 9, TextWeight::Regular}));
-    EXPECT_EQ(*labelOf(layout, "Fri"), (HeatmapLabel{"Fri", {20, 60}, 9, TextWeight::Regular}));
+    EXPECT_EQ(*labelOf(layout, "Mon"), (HeatmapLabel{"Mon", {20, 120}, 9, TextWeight::regular}));
+    EXPECT_EQ(*labelOf(layout, "Wed"), (HeatmapLabel{"Wed", {20, 90}, 9, TextWeight::regular}));
+    EXPECT_EQ(*labelOf(layout, "Fri"), (HeatmapLabel{"Fri", {20, 60}, 9, TextWeight::regular}));
 }
 
 TEST_F(HeatmapTest, TheGridIsCentredWhenWideAndNeverLeavesTheWeekdayColumn)
@@ -241,10 +241,10 @@ TEST_F(HeatmapTest, GuidesTieTheWordsToTheGridWhereThereIsRoom)
 TEST_F(HeatmapTest, TheLegendEndsAtThePadding)
 {
     const auto legend = heatmapLegend(600, 20, 24);
-    EXPECT_EQ(legend.more, (HeatmapLabel{"More", {556, 8}, 9, TextWeight::Regular}));
+    EXPECT_EQ(legend.more, (HeatmapLabel{"More", {556, 8}, 9, TextWeight::regular}));
     EXPECT_EQ(legend.swatches[0], (Rect{488, 8, 10, 10}));
     EXPECT_EQ(legend.swatches[4], (Rect{540, 8, 10, 10}));
-    EXPECT_EQ(legend.less, (HeatmapLabel{"Less", {462, 8}, 9, TextWeight::Regular}));
+    EXPECT_EQ(legend.less, (HeatmapLabel{"Less", {462, 8}, 9, TextWeight::regular}));
 }
 
 TEST_F(HeatmapTest, DaysAfterTodayAreNotThere)
@@ -287,14 +287,14 @@ TEST_F(HeatmapTest, ArrowsGoAlongTheDrawnGrid)
     };
     using enum HeatmapMove;
     const Row rows[] = {
-        {"2026-10-28", Left, "2026-10-21"},  {"2026-10-21", Right, "2026-10-28"}, // Wednesdays, row 4
-        {"2026-10-22", Right, "2026-10-22"},                                      // the next Thursday is not drawn
-        {"2026-10-28", Right, "2026-10-28"}, {"2026-10-28", Down, "2026-10-28"},  {"2026-10-28", Up, "2026-10-27"},
-        {"2026-10-20", Down, "2026-10-21"},  {"2026-10-25", Up, "2026-10-25"}, // the Saturday above it is not drawn yet
-        {"2026-10-18", Up, "2026-10-24"},    {"2026-10-24", Up, "2026-10-24"},    {"2026-10-24", Down, "2026-10-18"},
-        {"2026-10-23", Down, "2026-10-23"},  {"2026-07-05", Left, "2026-07-05"},  {"2026-10-01", Home, "2026-07-05"},
-        {"2026-10-01", End, "2026-10-28"},   {"2020-01-01", Left, "2026-10-28"},  {"2020-01-01", Home, "2026-07-05"},
-        {"2026-10-29", Up, "2026-10-28"},
+        {"2026-10-28", left, "2026-10-21"},  {"2026-10-21", right, "2026-10-28"}, // Wednesdays, row 4
+        {"2026-10-22", right, "2026-10-22"},                                      // the next Thursday is not drawn
+        {"2026-10-28", right, "2026-10-28"}, {"2026-10-28", down, "2026-10-28"},  {"2026-10-28", up, "2026-10-27"},
+        {"2026-10-20", down, "2026-10-21"},  {"2026-10-25", up, "2026-10-25"}, // the Saturday above it is not drawn yet
+        {"2026-10-18", up, "2026-10-24"},    {"2026-10-24", up, "2026-10-24"},    {"2026-10-24", down, "2026-10-18"},
+        {"2026-10-23", down, "2026-10-23"},  {"2026-07-05", left, "2026-07-05"},  {"2026-10-01", home, "2026-07-05"},
+        {"2026-10-01", end, "2026-10-28"},   {"2020-01-01", left, "2026-10-28"},  {"2020-01-01", home, "2026-07-05"},
+        {"2026-10-29", up, "2026-10-28"},
     };
     const auto grid = gridOf({});
     for (const auto& row : rows) {
@@ -302,7 +302,7 @@ TEST_F(HeatmapTest, ArrowsGoAlongTheDrawnGrid)
         ASSERT_TRUE(day);
         EXPECT_EQ(day->dateKey, row.to) << row.from;
     }
-    EXPECT_FALSE(heatmapMove({}, "2026-10-28", Left));
+    EXPECT_FALSE(heatmapMove({}, "2026-10-28", left));
 }
 
 TEST(Heatmap, EveryDayIsDrawnOnceAcrossSummerTime)
