@@ -111,7 +111,7 @@ void DayDetailView::setTheme(bool isDark, bool isSakura)
     m_barChart->setTheme(isDark, isSakura);
     applyStyle();
     layOut();
-    QWidget::update();
+    update();
 }
 
 void DayDetailView::applyStyle()

@@ -35,6 +35,7 @@ public:
 
     DayDetailView(const Clock& clock, const LocalCalendar& calendar, QWidget* parent);
 
+    using QWidget::update;
     void update(Instant date, const std::optional<DayUsageRecord>& record, bool isDark, bool isSakura);
     void setTheme(bool isDark, bool isSakura);
 

@@ -4,7 +4,6 @@
 
 #include "base/MainQueue.h"
 #include "orrinvale/AppSettings.h"
-#include "orrinvale/Popover.h"
 #include "orrinvale/StatusIcon.h"
 #include "orrinvale/StatusPopoverViewController.h"
 #include "orrinvale/WakeEngine.h"
@@ -98,11 +97,7 @@ void MenuBarController::openPopover(const StatusItemAnchor& anchor)
     m_popoverViewController->onColoursChanged = [popover = m_popover, content = m_popoverViewController] {
         popover->setColours(coloursOf(*content));
     };
-    m_popover->onClose = [this](Popover::Closing closing) {
-        if (closing != Popover::Closing::owner)
-            m_statusItem.forgetClick(); // no window comes of it
-        popoverClosed(closing == Popover::Closing::elsewhere);
-    };
+    m_popover->onClose = [this](Popover::Closing closing) { popoverClosed(closing); };
     m_popover->showAt(anchor);
 }
 
@@ -135,12 +130,14 @@ void MenuBarController::closePopover()
         m_popover->closeByOwner();
 }
 
-void MenuBarController::popoverClosed(bool byClickElsewhere)
+void MenuBarController::popoverClosed(Popover::Closing closing)
 {
-    m_popover->deleteLater(); // with its content: the row that closed it may still be at work
+    if (closing != Popover::Closing::owner)
+        m_statusItem.forgetClick(); // no window comes of it
+    m_popover->deleteLater();                        // with its content: the row that closed it may still be at work
     m_popover = nullptr;
     m_popoverViewController = nullptr;
-    if (byClickElsewhere)
+    if (closing == Popover::Closing::elsewhere)
         m_justClosed = m_platform.mainQueue.after(sameClick, [this] { m_justClosed.cancel(); });
 }
 

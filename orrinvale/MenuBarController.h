@@ -3,7 +3,7 @@
 #pragma once
 
 #include "base/Cancellable.h"
-#include "orrinvale/PopoverPlacement.h"
+#include "orrinvale/Popover.h"
 #include "orrinvale/WakeMode.h"
 
 #include <QObject>
@@ -15,7 +15,6 @@ namespace orrinvale
 {
 
 class AppSettings;
-class Popover;
 class StatusItem;
 class StatusPopoverViewController;
 class WakeEngine;
@@ -54,7 +53,7 @@ private:
     void closePopover();
     void wireRows();
     void changeMode(WakeMode mode);
-    void popoverClosed(bool byClickElsewhere);
+    void popoverClosed(Popover::Closing closing);
     void subscribe();
 
     WakeEngine& m_engine;

@@ -78,7 +78,7 @@ void ReasonCardView::setColours(const Colours& colours)
         label->setColour(colours.textSecondary);
     const auto isAccent = m_badge == ReasonContent::Badge::accent;
     m_iconBadge->setColours(isAccent ? colours.accent : colours.idleColor, Qt::white);
-    QWidget::update();
+    update();
 }
 
 void ReasonCardView::setScale(double scale)
@@ -105,7 +105,7 @@ void ReasonCardView::update(const WakeSignals& signals, const std::optional<std:
         show(content());
     }
     restartOrStopRotation();
-    QWidget::update();
+    update();
 }
 
 ReasonContent ReasonCardView::content() const
@@ -148,7 +148,7 @@ void ReasonCardView::rotate()
         return;
     m_rotationIndex = (m_rotationIndex + 1) % static_cast<int>(m_activeSignals.size());
     show(content());
-    QWidget::update();
+    update();
 }
 
 ReasonCardView::Layout ReasonCardView::layoutFor(int width) const

@@ -39,6 +39,7 @@ public:
     ~ReasonCardView() override;
 
     // An unchanged list of details leaves what is shown alone, whatever else changed.
+    using QWidget::update;
     void update(const WakeSignals& signals, const std::optional<std::string>& fallbackReason, bool isAwake);
 
     void setColours(const Colours& colours);

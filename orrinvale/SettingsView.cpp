@@ -57,7 +57,7 @@ SettingsView::SettingsView(AppSettings& settings, const Platform& platform, Surr
     m_scrollArea->setWidget(m_column);
     m_column->setAutoFillBackground(false);
     buildAppearance();
-    buildToggles();
+    buildSwitches();
     buildSignalSources();
     buildSensitivity();
     buildWatchList();
@@ -73,6 +73,13 @@ SettingsSection* SettingsView::addSection(const char* head, const char* caption)
     return m_sections.back();
 }
 
+ToggleRow* SettingsView::addSwitch(SettingsSection* section, const char* title, const char* subtitle)
+{
+    auto* row = new ToggleRow(QString::fromUtf8(title), QString::fromUtf8(subtitle), section);
+    section->addRow(row);
+    return row;
+}
+
 void SettingsView::buildAppearance()
 {
     auto* section = addSection("APPEARANCE", "");
@@ -84,30 +91,24 @@ void SettingsView::buildAppearance()
     section->addRow(m_themeTiles);
 }
 
-void SettingsView::buildToggles()
+void SettingsView::buildSwitches()
 {
-    const auto add = [](SettingsSection* section, const char* title, const char* subtitle) {
-        auto* row = new ToggleRow(QString::fromUtf8(title), QString::fromUtf8(subtitle), section);
-        section->addRow(row);
-        return row;
-    };
-    m_startAtLogin = add(addSection("GENERAL", ""), "Start at Login", "Automatically start orrinvale at login");
-    m_notifications = add(addSection("NOTIFICATIONS", ""), "Notifications", "Show alerts on status changes");
+    m_startAtLogin = addSwitch(addSection("GENERAL", ""), "Start at Login", "Automatically start orrinvale at login");
+    m_notifications = addSwitch(addSection("NOTIFICATIONS", ""), "Notifications", "Show alerts on status changes");
     auto* battery = addSection("BATTERY & SAFETY", "Avoids the classic keep-awake problem: a Mac left running "
                                                    "unattended in a bag, draining its battery or overheating.");
-    m_pauseOnLowBattery = add(battery, "Pause on Low Battery", "");
-    m_onlyWhenPluggedIn = add(battery, "Only While Plugged In", "Never keeps the Mac awake on battery power");
-    auto* sources =
-        addSection("SIGNAL SOURCES", "Turn off a detection method if it triggers too often for your workflow.");
-    m_cpuDetection =
-        add(sources, "CPU Load Detection", "Wakes for sustained high CPU usage (builds, renders, exports)");
-    m_networkDetection =
-        add(sources, "Network Activity Detection", "Wakes for sustained high-throughput uploads/downloads");
+    m_pauseOnLowBattery = addSwitch(battery, "Pause on Low Battery", "");
+    m_onlyWhenPluggedIn = addSwitch(battery, "Only While Plugged In", "Never keeps the Mac awake on battery power");
 }
 
 void SettingsView::buildSignalSources()
 {
-    auto* section = m_sections.back();
+    auto* section =
+        addSection("SIGNAL SOURCES", "Turn off a detection method if it triggers too often for your workflow.");
+    m_cpuDetection =
+        addSwitch(section, "CPU Load Detection", "Wakes for sustained high CPU usage (builds, renders, exports)");
+    m_networkDetection =
+        addSwitch(section, "Network Activity Detection", "Wakes for sustained high-throughput uploads/downloads");
     m_downloadsFolder = new ButtonRow(QStringLiteral("Downloads Folder"), QString(), QStringLiteral("Choose"), section,
                                       Qt::ElideMiddle);
     QObject::connect(&m_downloadsFolder->button(), &QAbstractButton::clicked, this,

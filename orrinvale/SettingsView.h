@@ -76,8 +76,9 @@ protected:
 
 private:
     SettingsSection* addSection(const char* head, const char* caption);
+    static ToggleRow* addSwitch(SettingsSection* section, const char* title, const char* subtitle);
     void buildAppearance();
-    void buildToggles();
+    void buildSwitches();
     void buildSignalSources();
     void buildSensitivity();
     void buildWatchList();

@@ -54,40 +54,38 @@ QStringList modeTitles()
 
 ReasonCardView::Colours cardColours(const PopoverPalette& palette)
 {
-    return {palette.rowSurface, palette.primaryText, palette.secondaryText,
-            palette.accent,     palette.separator,   palette.idleBadge};
+    return {.cardBackground = palette.rowSurface,
+            .textPrimary = palette.primaryText,
+            .textSecondary = palette.secondaryText,
+            .accent = palette.accent,
+            .separator = palette.separator,
+            .idleColor = palette.idleBadge};
 }
 
 MenuRowButton::Colours rowColours(const PopoverPalette& palette)
 {
-    return {palette.strong,        palette.tint,           palette.rowSurface,
-            palette.separator,     palette.rowPrimaryText, palette.rowSecondaryText,
-            palette.secondaryText, palette.strong,         palette.highlight};
+    return {.iconColor = palette.strong,
+            .tint = palette.tint,
+            .bgColor = palette.rowSurface,
+            .separatorColor = palette.separator,
+            .primary = palette.rowPrimaryText,
+            .secondary = palette.rowSecondaryText,
+            .chevron = palette.secondaryText,
+            .focusRing = palette.strong,
+            .highlight = palette.highlight};
 }
 
 ModeToggleControl::Colours toggleColours(const PopoverPalette& palette)
 {
-    return {palette.rowSurface,
-            palette.separator,
-            palette.background,
-            {palette.toggleSelected, palette.toggleText, palette.highlight, palette.strong, palette.background}};
+    return {.track = palette.rowSurface,
+            .separator = palette.separator,
+            .background = palette.background,
+            .segment = {.selectedColor = palette.toggleSelected,
+                        .textColor = palette.toggleText,
+                        .highlight = palette.highlight,
+                        .focusRing = palette.strong,
+                        .focusGap = palette.background}};
 }
-
-// The outline of the group of rows, above them, so that a row's tint cannot cover it.
-class GroupOutline final : public QWidget
-{
-public:
-    explicit GroupOutline(QWidget* parent) : QWidget(parent) { setAttribute(Qt::WA_TransparentForMouseEvents); }
-    QColor colour;
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        strokeInside(painter, rect(), groupRadius, 1, colour);
-    }
-};
 
 struct StatusText {
     QString title;
@@ -112,6 +110,22 @@ StatusText statusText(const WakeState& state, const PopoverPalette& palette)
 }
 
 } // namespace
+
+// The outline of the group of rows, above them, so that a row's tint cannot cover it.
+class StatusPopoverViewController::GroupOutline final : public QWidget
+{
+public:
+    explicit GroupOutline(QWidget* parent) : QWidget(parent) { setAttribute(Qt::WA_TransparentForMouseEvents); }
+    QColor colour;
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        strokeInside(painter, rect(), groupRadius, 1, colour);
+    }
+};
 
 StatusPopoverViewController::StatusPopoverViewController(WakeEngine& engine, AppSettings& settings,
                                                          const Platform& platform, IllustrationView::OpenFilm openFilm)
@@ -207,8 +221,8 @@ void StatusPopoverViewController::applyPalette()
     m_reasonCard->setColours(cardColours(m_palette));
     for (auto* row : m_rows)
         row->setColours(rowColours(m_palette));
-    static_cast<GroupOutline*>(m_groupOutline)->colour = m_palette.separator;
-    QWidget::update();
+    m_groupOutline->colour = m_palette.separator;
+    update();
     if (onColoursChanged)
         onColoursChanged();
 }

@@ -45,6 +45,7 @@ public:
     // Called after `colours` changed, for what lies around this view.
     std::function<void()> onColoursChanged;
 
+    using QWidget::update;
     void update(const WakeState& state, const WakeSignals& signals, WakeMode mode);
 
     TextLabel& titleLabel() const { return *m_titleLabel; }
@@ -59,6 +60,8 @@ public:
     const PopoverPalette& colours() const { return m_palette; }
 
 private:
+    class GroupOutline;
+
     void buildHeader();
     void buildToggle();
     void buildRows();
@@ -81,7 +84,7 @@ private:
     ModeToggleControl* m_modeToggle = nullptr;
     ReasonCardView* m_reasonCard;
     std::array<MenuRowButton*, 3> m_rows{};
-    QWidget* m_groupOutline = nullptr;
+    GroupOutline* m_groupOutline = nullptr;
     Cancellables m_cancellables;
 };
 

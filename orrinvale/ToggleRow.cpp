@@ -48,7 +48,7 @@ ToggleRow::ToggleRow(const QString& title, const QString& subtitle, QWidget* par
     m_animation->setDuration(turnMilliseconds);
     QObject::connect(m_animation, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
         m_position = value.toDouble();
-        QWidget::update();
+        update();
     });
     // Assistive technology toggles a switch instead of clicking it.
     QObject::connect(this, &QAbstractButton::toggled, this, [this](bool isOn) {
@@ -81,7 +81,7 @@ void ToggleRow::moveKnob()
     m_animation->stop();
     if (!m_isAnimated || !isVisible()) {
         m_position = isChecked();
-        return QWidget::update();
+        return update();
     }
     m_animation->setStartValue(m_position);
     m_animation->setEndValue(isChecked() ? 1.0 : 0.0);
@@ -105,7 +105,7 @@ void ToggleRow::applyTheme(const WindowPalette& colours)
     m_colours = colours;
     m_text->applyTheme(colours);
     layOut();
-    QWidget::update();
+    update();
 }
 
 void ToggleRow::layOut()
