@@ -276,7 +276,7 @@ int main(int argc, char** argv)
     Q_INIT_RESOURCE(resources);
     const auto arguments = QApplication::arguments();
     if (arguments.size() < 2) {
-        std::fprintf(stderr, "usage: shots FOLDER [TEXT-SCALE]\n");
+        std::fprintf(stderr, "usage: shots FOLDER [TEXT-SCALE [THEME]]\n");
         return 2;
     }
     QFont font(QStringLiteral("Inter"));
@@ -284,7 +284,9 @@ int main(int argc, char** argv)
     QApplication::setFont(font);
     QDir().mkpath(arguments[1]);
     drawTrayItems(arguments[1]);
-    for (const auto theme : allAppThemes)
-        Shots(arguments[1], theme).takeAll();
+    for (const auto theme : allAppThemes) {
+        if (arguments.size() < 4 || arguments[3].toStdString() == rawValue(theme))
+            Shots(arguments[1], theme).takeAll();
+    }
     return 0;
 }
