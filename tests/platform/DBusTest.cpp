@@ -180,7 +180,7 @@ TEST_F(LyingServicesTest, NoSignalOfAWrongShapeEndsAnyOfUsAndTheNextRightOneIsHe
 {
     std::vector<ScreenPresence> presences;
     const auto token = events.observe([&](ScreenPresence presence) { presences.push_back(presence); });
-    panels.chooseFolder({}, [](const auto&) {});
+    const auto open = panels.chooseFolder({}, [](const auto&) {});
     appearance.prime(QDeadlineTimer(100ms));
     for (const auto& body : wrongBodies())
         tellEverything(body);
@@ -226,8 +226,8 @@ TEST_F(LyingServicesTest, NoAnswerOfAWrongShapeEndsAnyOfUs)
             i % 16 == 0 ? power.create("NoIdleSleepAssertion", 255, "Manual mode") : PowerAssertions::Created{-1, 0};
         notifications.post({"a", "A", "b"});
         notifications.removeDelivered({"a"});
-        panels.chooseFolder({}, [](const auto&) {});
-        panels.chooseFile({}, [](const auto&) {});
+        const auto folder = panels.chooseFolder({}, [](const auto&) {});
+        const auto file = panels.chooseFile({}, [](const auto&) {});
         appearance.prime(QDeadlineTimer(1ms));
         sources.prime(QDeadlineTimer(1ms));
         runEventsFor(5ms);
