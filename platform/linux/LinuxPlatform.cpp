@@ -31,7 +31,7 @@ LinuxPlatform::LinuxPlatform(Desktop desktop)
       m_mediaDevices(m_queue, m_background), m_powerAssertions(m_sessionBus, m_systemBus.connection(), m_queue),
       m_powerSources(m_systemBus.connection(), m_queue, m_background), m_processStatus(m_queue, m_background),
       m_runningApplications(m_queue, m_background, m_applicationFiles),
-      m_sessionEvents(m_sessionBus, m_systemBus.connection(), m_queue),
+      m_sessionEvents(m_sessionBus, m_systemBus.connection(), m_queue, m_background),
       m_userDefaults(m_support.configDirectory() / "orrinvale" / "settings.json"),
       m_userNotifications(m_sessionBus, notificationRecord(m_support)),
       m_systemBusRenewals(m_systemBus.observe([this](const QDBusConnection& bus) {

@@ -2,10 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxSessionEvents.h"
 
+#include "base/MainQueue.h"
+#include "platform/linux/DisplayPower.h"
+
 #include <QDBusObjectPath>
 
 namespace orrinvale
 {
+
+using namespace std::chrono_literals;
 
 namespace
 {
@@ -14,6 +19,7 @@ const auto logind = QStringLiteral("org.freedesktop.login1");
 const auto sessionInterface = QStringLiteral("org.freedesktop.login1.Session");
 const auto propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 const auto propertiesChanged = QStringLiteral("PropertiesChanged");
+constexpr auto lookInterval = 10s;
 const auto compositor = QStringLiteral("org.gnome.Mutter.DisplayConfig");
 const QStringList screenSavers{QStringLiteral("org.gnome.ScreenSaver"), QStringLiteral("org.freedesktop.ScreenSaver"),
                                QStringLiteral("org.cinnamon.ScreenSaver"), QStringLiteral("org.mate.ScreenSaver"),
@@ -22,9 +28,9 @@ const QStringList screenSavers{QStringLiteral("org.gnome.ScreenSaver"), QStringL
 } // namespace
 
 LinuxSessionEvents::LinuxSessionEvents(const QDBusConnection& sessionBus, const QDBusConnection& systemBus,
-                                       MainQueue& queue)
-    : m_sessionBus(sessionBus), m_systemBus(systemBus), m_queue(queue),
-      m_logindWatcher(logind, m_systemBus, QDBusServiceWatcher::WatchForOwnerChange)
+                                       MainQueue& queue, SerialQueue& background, std::filesystem::path displays)
+    : m_sessionBus(sessionBus), m_systemBus(systemBus), m_queue(queue), m_background(background),
+      m_displays(std::move(displays)), m_logindWatcher(logind, m_systemBus, QDBusServiceWatcher::WatchForOwnerChange)
 {
     QObject::connect(&m_logindWatcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
                      [this](const QString&, const QString&, const QString& owner) {
@@ -35,6 +41,16 @@ LinuxSessionEvents::LinuxSessionEvents(const QDBusConnection& sessionBus, const 
     findSession();
     watchScreenSavers();
     watchCompositor();
+    m_looks = m_queue.every(lookInterval, [this] { lookAtDisplays(); });
+}
+
+void LinuxSessionEvents::lookAtDisplays()
+{
+    auto take =
+        m_lifetime.unlessGone([this](bool areOff) { say(QStringLiteral("displays"), areOff && m_isAtTheMachine); });
+    m_background.post([&queue = m_queue, folder = m_displays, take] {
+        queue.post([take, areOff = areDisplaysOff(folder)] { take(areOff); });
+    });
 }
 
 void LinuxSessionEvents::forgetSession()
@@ -79,6 +95,15 @@ void LinuxSessionEvents::takeSession(const QVariantMap& properties)
         say(QStringLiteral("inactive"), !*isActive);
     if (const auto isLocked = memberOf<bool>(properties, QStringLiteral("LockedHint")))
         say(QStringLiteral("locked"), *isLocked);
+    // A session without a seat is looked at over the network, on other displays than the machine's.
+    if (const auto seat = unreadOf(properties.value(QStringLiteral("Seat")), "(so)")) {
+        QString name;
+        QDBusObjectPath path;
+        seat->beginStructure();
+        *seat >> name >> path;
+        seat->endStructure();
+        m_isAtTheMachine = !name.isEmpty();
+    }
 }
 
 void LinuxSessionEvents::watchScreenSavers()

@@ -170,7 +170,7 @@ struct LyingServicesTest : testing::Test {
     LinuxPowerSources sources{systemBus, queue, background, "/nonexistent"};
     LinuxAppearance appearance{sessionBus, {[] { return false; }, [] { return true; }, [](std::optional<bool>) {}}};
     LinuxPowerAssertions power{sessionBus, systemBus, queue};
-    LinuxSessionEvents events{sessionBus, systemBus, queue};
+    LinuxSessionEvents events{sessionBus, systemBus, queue, background, "/nonexistent"};
     LinuxUserNotifications notifications{sessionBus};
     FakeFilePanels otherwise;
     PortalFilePanels panels{sessionBus, otherwise};

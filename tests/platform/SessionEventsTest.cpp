@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxSessionEvents.h"
 
+#include "base/ThreadSerialQueue.h"
+#include "platform/fake/VirtualTime.h"
+#include "platform/linux/DisplayPower.h"
 #include "platform/qt/QtMainQueue.h"
 #include "tests/platform/WaitFor.h"
 
@@ -9,6 +12,11 @@
 #include <QDBusVirtualObject>
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include <stdlib.h>
 
 namespace orrinvale
 {
@@ -47,7 +55,9 @@ struct SessionEventsTest : testing::Test {
     QtMainQueue queue;
     QDBusConnection first = connect(gnome);
     QDBusConnection second = connect(freedesktop);
-    LinuxSessionEvents events{QDBusConnection::sessionBus(), QDBusConnection::systemBus(), queue};
+    ThreadSerialQueue background{"test"};
+    LinuxSessionEvents events{QDBusConnection::sessionBus(), QDBusConnection::systemBus(), queue, background,
+                              "/nonexistent"};
     std::vector<ScreenPresence> reports;
     Cancellable token = events.observe([this](ScreenPresence presence) { reports.push_back(presence); });
 };
@@ -150,6 +160,57 @@ TEST_F(SessionEventsTest, ALoginManagerThatGoesTakesItsWordWithItAndTheNextIsRea
     EXPECT_TRUE(reportsBecome({ScreenPresence::asleep, ScreenPresence::awake}));
     login = std::make_unique<LoginManager>(QVariantMap{{QStringLiteral("Active"), false}});
     EXPECT_TRUE(reportsBecome({ScreenPresence::asleep, ScreenPresence::awake, ScreenPresence::asleep}));
+}
+
+// Connectors as in /sys/class/drm.
+struct DisplaysTest : testing::Test {
+    DisplaysTest()
+    {
+        std::string pattern = (std::filesystem::temp_directory_path() / "orrinvale-test-XXXXXX").string();
+        folder = ::mkdtemp(pattern.data());
+    }
+    ~DisplaysTest() override { std::filesystem::remove_all(folder); }
+    void connector(const char* name, const char* status, const char* dpms) const
+    {
+        std::filesystem::create_directories(folder / name);
+        std::ofstream(folder / name / "status") << status << '\n';
+        std::ofstream(folder / name / "dpms") << dpms << '\n';
+    }
+    std::filesystem::path folder;
+};
+
+TEST_F(DisplaysTest, AreOffWhenEachConnectedOneIs)
+{
+    EXPECT_FALSE(areDisplaysOff(folder));
+    EXPECT_FALSE(areDisplaysOff(folder / "missing"));
+    connector("card0-HDMI-A-1", "disconnected", "Off");
+    EXPECT_FALSE(areDisplaysOff(folder));
+    connector("card0-eDP-1", "connected", "On");
+    EXPECT_FALSE(areDisplaysOff(folder));
+    connector("card0-eDP-1", "connected", "Off");
+    EXPECT_TRUE(areDisplaysOff(folder));
+    connector("card1-DP-1", "connected", "On");
+    EXPECT_FALSE(areDisplaysOff(folder));
+    std::filesystem::remove(folder / "card1-DP-1" / "dpms");
+    EXPECT_FALSE(areDisplaysOff(folder));
+}
+
+TEST_F(DisplaysTest, AreLookedAtEveryTenSecondsWhateverTheDesktop)
+{
+    VirtualTime time;
+    const auto serial = time.make("displays");
+    connector("card0-eDP-1", "connected", "On");
+    LinuxSessionEvents events(QDBusConnection(QString()), QDBusConnection(QString()), time, *serial, folder);
+    std::vector<ScreenPresence> reports;
+    const auto token = events.observe([&](ScreenPresence presence) { reports.push_back(presence); });
+    time.advance(10s);
+    EXPECT_TRUE(reports.empty());
+    connector("card0-eDP-1", "connected", "Off");
+    time.advance(10s);
+    EXPECT_EQ(reports, std::vector{ScreenPresence::asleep});
+    connector("card0-eDP-1", "connected", "On");
+    time.advance(10s);
+    EXPECT_EQ(reports, (std::vector{ScreenPresence::asleep, ScreenPresence::awake}));
 }
 
 } // namespace
