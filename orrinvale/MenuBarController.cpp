@@ -134,7 +134,7 @@ void MenuBarController::popoverClosed(Popover::Closing closing)
 {
     if (closing != Popover::Closing::owner)
         m_statusItem.forgetClick(); // no window comes of it
-    m_popover->deleteLater();                        // with its content: the row that closed it may still be at work
+    m_popover->deleteLater();       // with its content: the row that closed it may still be at work
     m_popover = nullptr;
     m_popoverViewController = nullptr;
     if (closing == Popover::Closing::elsewhere)

@@ -10,7 +10,8 @@ typedef bool BOOL;
 @protocol NSObject
 - (BOOL)isKindOfClass:(Class)kind;
 @end
-__attribute__((objc_root_class)) @interface NSObject <NSObject>
+__attribute__((objc_root_class))
+@interface NSObject<NSObject>
 + (instancetype)alloc;
 - (instancetype)init;
 + (Class)class;
