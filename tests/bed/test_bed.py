@@ -3,7 +3,9 @@
 # SPDX-License-Identifier: MIT
 """The bed itself: its services are real, and it leaves nothing behind."""
 import os
+import signal
 import subprocess
+import time
 import unittest
 from pathlib import Path
 
@@ -34,18 +36,46 @@ class BedTest(unittest.TestCase):
                 self.assertEqual(run([service], "echo up").stdout, "up\n")
 
     def test_nothing_is_left_and_nothing_of_the_user_is_seen(self):
-        result = run(["logind", "dunst"], "cat $BED/pids/*; echo; echo $BED $HOME $XDG_CONFIG_HOME $XDG_RUNTIME_DIR "
+        result = run(["logind", "dunst"], "setsid sleep 1000 & echo $BED $HOME $XDG_CONFIG_HOME $XDG_RUNTIME_DIR "
                                           "$DBUS_SYSTEM_BUS_ADDRESS $DBUS_SESSION_BUS_ADDRESS $PULSE_SERVER")
-        pids, places = result.stdout.strip().split("\n\n")
-        bed, *private = places.split()
+        bed, *private = result.stdout.split()
         for place in private:
             self.assertIn(bed, place)
         self.assertFalse(Path(bed).exists())
-        for pid in pids.split():
-            try:  # a busy machine may have given the number to another process
-                self.assertNotIn(bed.encode(), Path("/proc", pid, "environ").read_bytes(), pid)
-            except (FileNotFoundError, ProcessLookupError):
-                pass
+        self.assertEqual([], self.processes_of(bed))
+
+    def processes_of(self, bed):
+        found = []
+        for process in Path("/proc").glob("[0-9]*"):
+            try:
+                if bed.encode() in (process / "environ").read_bytes():
+                    found.append((process / "comm").read_text())
+            except OSError:
+                pass  # it has ended
+        return found
+
+    def test_other_people_s_processes_are_not_seen(self):
+        outside = subprocess.Popen(["sleep", "1000"])
+        self.addCleanup(outside.wait)
+        self.addCleanup(outside.kill)
+        seen = run(["session-bus"], "sleep 1001 & cat /proc/[0-9]*/cmdline | tr '\\0' ' '").stdout
+        self.assertIn("sleep 1001", seen)
+        self.assertNotIn("sleep 1000", seen)
+
+    def test_it_ends_with_whoever_started_it_and_when_told_to(self):
+        for number in [signal.SIGTERM, signal.SIGKILL]:
+            with self.subTest(number):
+                bed = subprocess.Popen([BED, "run", "session-bus", "--", "sh", "-c", "echo $BED; sleep 1000"],
+                                       stdout=subprocess.PIPE, text=True)
+                folder = bed.stdout.readline().strip()
+                self.assertTrue(self.processes_of(folder))
+                bed.send_signal(number)
+                bed.stdout.close()
+                self.assertIn(bed.wait(), [143, -signal.SIGKILL])
+                until = time.monotonic() + 5
+                while self.processes_of(folder) and time.monotonic() < until:
+                    time.sleep(0.05)
+                self.assertEqual([], self.processes_of(folder))
 
     def test_the_command_s_status_is_handed_on(self):
         self.assertEqual(run(["session-bus"], "exit 7").returncode, 7)
@@ -55,6 +85,17 @@ class BedTest(unittest.TestCase):
         result = subprocess.run(["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups", BED, "run", "logind",
                                  "upower", "dunst", "--", "systemd-inhibit", "--list"], capture_output=True, text=True)
         self.assertEqual((result.returncode, result.stdout), (0, "No inhibitors.\n"), result)
+
+    @unittest.skipIf(os.getuid() != 0, "the other tests already run as an ordinary user")
+    def test_an_ordinary_user_sees_the_bed_s_processes_alone(self):
+        outside = subprocess.Popen(["setpriv", "--reuid=65534", "--clear-groups", "sleep", "1000"])
+        self.addCleanup(outside.wait)
+        self.addCleanup(outside.kill)
+        seen = subprocess.run(["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups", BED, "run", "session-bus",
+                               "--", "sh", "-c", "sleep 1001 & cat /proc/[0-9]*/cmdline | tr '\\0' ' '"],
+                              capture_output=True, text=True).stdout
+        self.assertIn("sleep 1001", seen)
+        self.assertNotIn("sleep 1000", seen)
 
 
 if __name__ == "__main__":
