@@ -102,6 +102,8 @@ void CPUMonitor::sample()
     }
     const auto load = measure();
     m_busyCount = isBusy(load) ? m_busyCount + 1 : 0;
+    if (m_busyCount == 1)
+        m_processStatus.forget(); // the cause of an earlier load
     if (m_busyCount < sustainedSamples) {
         clearSignals();
     } else {

@@ -16,6 +16,8 @@ public:
     virtual ~ProcessStatus() = default;
     // Begins a measurement of one to two seconds unless one is under way. Returns at once.
     virtual void prepare() = 0;
+    // Drops the table, and the measurement under way: what was busy then says nothing of what will be.
+    virtual void forget() = 0;
     // The newest finished table; nullopt when there is none. UTF-8, no line feed inside a row.
     virtual std::optional<std::string> table() = 0;
 };

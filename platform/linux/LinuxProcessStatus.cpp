@@ -148,6 +148,14 @@ void LinuxProcessStatus::prepare()
         });
 }
 
+void LinuxProcessStatus::forget()
+{
+    m_lifetime.renew(); // a measurement under way finds nobody
+    m_secondReading.cancel();
+    m_isMeasuring = false;
+    m_table.reset();
+}
+
 void LinuxProcessStatus::finish(const std::optional<std::string>& table)
 {
     m_isMeasuring = false;

@@ -21,6 +21,7 @@ public:
     LinuxProcessStatus(MainQueue& queue, SerialQueue& background, std::string procFolder = "/proc");
 
     void prepare() override;
+    void forget() override;
     std::optional<std::string> table() override { return m_table; }
 
 private:

@@ -42,6 +42,13 @@ void MacProcessStatus::prepare()
     m_running->start(m_program, {QStringLiteral("-eo"), QStringLiteral("pid,pcpu,comm"), QStringLiteral("-r")});
 }
 
+void MacProcessStatus::forget()
+{
+    m_patience.cancel();
+    m_running.reset();
+    m_table.reset();
+}
+
 void MacProcessStatus::read()
 {
     m_output += m_running->readAllStandardOutput();

@@ -19,6 +19,7 @@ public:
     explicit MacProcessStatus(MainQueue& queue, QString program = QStringLiteral("/bin/ps"));
 
     void prepare() override;
+    void forget() override;
     std::optional<std::string> table() override { return m_table; }
 
 private:

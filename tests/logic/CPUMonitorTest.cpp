@@ -176,6 +176,25 @@ TEST_F(CPUMonitorTest, AnotherTopProcessReplacesTheSignal)
     EXPECT_NE(monitor->signals.get().at(0).id, id);
 }
 
+TEST_F(CPUMonitorTest, TheCauseOfAnEarlierLoadIsForgotten)
+{
+    fake.processStatus.text = header + "4242 99.0 yesterday\n";
+    startAndRun();
+    sample(60);
+    sample(60);
+    EXPECT_THAT(details(), ElementsAre("High CPU load at 60 % (yesterday)"));
+    sample(5);
+    fake.processStatus.isFast = false;
+    sample(60);
+    sample(60);
+    EXPECT_THAT(details(), ElementsAre("High CPU load at 60 %"));
+    fake.processStatus.isFast = true;
+    fake.processStatus.text = header + "4242 99.0 today\n";
+    sample(60);
+    sample(60);
+    EXPECT_THAT(details(), ElementsAre("High CPU load at 60 % (today)"));
+}
+
 TEST_F(CPUMonitorTest, SensitivityIsFollowedFromTheSettings)
 {
     startAndRun();

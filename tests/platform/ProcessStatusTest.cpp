@@ -74,6 +74,23 @@ struct FakeProc : testing::Test {
     fs::path folder;
 };
 
+TEST_F(FakeProc, WhatIsForgottenDoesNotComeBack)
+{
+    process(10, "a", 1000);
+    QtMainQueue queue;
+    ThreadSerialQueue background("test");
+    LinuxProcessStatus status(queue, background, folder.string());
+    status.prepare();
+    EXPECT_TRUE(waitFor([&] { return status.table().has_value(); }));
+    status.prepare();
+    status.forget(); // while it measures
+    EXPECT_EQ(status.table(), std::nullopt);
+    runEventsFor(2s);
+    EXPECT_EQ(status.table(), std::nullopt);
+    status.prepare();
+    EXPECT_TRUE(waitFor([&] { return status.table().has_value(); }));
+}
+
 TEST_F(FakeProc, AFolderThatCannotBeReadIsNoReading)
 {
     EXPECT_TRUE(readProcesses(folder));
