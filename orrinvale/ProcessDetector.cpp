@@ -23,7 +23,7 @@ constexpr auto evaluationInterval = 10s;
 const RunningApplication* find(const std::vector<RunningApplication>& applications, const std::string& bundleID)
 {
     const auto found = std::find_if(applications.begin(), applications.end(),
-                                    [&](const auto& each) { return each.bundleIdentifier == bundleID; });
+                                    [&](const auto& each) { return each.isKnownAs(bundleID); });
     return found == applications.end() ? nullptr : &*found;
 }
 
@@ -33,7 +33,7 @@ WakeSignal processSignal(const WatchedProcess& entry, const RunningApplication& 
             .detail = entry.label,
             .score = entry.score,
             .timestamp = now,
-            .appBundleID = entry.bundleID,
+            .appBundleID = application.bundleIdentifier.value_or(entry.bundleID), // usage and icons go by its own
             .appName = application.localizedName.value_or(entry.bundleID)};
 }
 

@@ -4,6 +4,7 @@
 
 #include "base/Cancellable.h"
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <string>
@@ -15,11 +16,18 @@ namespace orrinvale
 enum class ActivationPolicy { regular, accessory };
 
 struct RunningApplication {
-    std::optional<std::string> bundleIdentifier; // UTF-8
+    std::optional<std::string> bundleIdentifier; // its own; UTF-8
     std::optional<std::string> localizedName;    // UTF-8
     std::optional<std::string> executablePath;   // UTF-8
     ActivationPolicy activationPolicy = ActivationPolicy::regular;
-    std::optional<std::string> iconName{}; // in the icon theme, or a file's absolute path; UTF-8
+    std::optional<std::string> iconName{};  // in the icon theme, or a file's absolute path; UTF-8
+    std::vector<std::string> alsoKnownAs{}; // further identifiers that it may be watched by; UTF-8
+
+    bool isKnownAs(const std::string& identifier) const
+    {
+        return bundleIdentifier == identifier ||
+               std::find(alsoKnownAs.begin(), alsoKnownAs.end(), identifier) != alsoKnownAs.end();
+    }
 
     friend bool operator==(const RunningApplication&, const RunningApplication&) = default;
 };

@@ -14,9 +14,12 @@ public:
     std::vector<RunningApplication> list;
     int refreshes = 0;
 
-    void run(std::string bundleIdentifier, std::string name)
+    void run(std::string bundleIdentifier, std::string name, std::vector<std::string> alsoKnownAs = {})
     {
-        list.push_back({std::move(bundleIdentifier), std::move(name), {}});
+        list.push_back({.bundleIdentifier = std::move(bundleIdentifier),
+                        .localizedName = std::move(name),
+                        .executablePath = std::nullopt,
+                        .alsoKnownAs = std::move(alsoKnownAs)});
     }
     void quit(const std::string& bundleIdentifier)
     {

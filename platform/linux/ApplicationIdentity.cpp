@@ -71,6 +71,14 @@ constexpr std::array executables{
     Known{"kgx", "com.apple.Terminal"},
     Known{"wezterm-gui", "com.github.wez.wezterm"},
 };
+struct StartedBy {
+    std::string_view executable;
+    std::string_view desktopId;
+};
+constexpr std::array startedByAnother{
+    StartedBy{"gnome-terminal-server", "org.gnome.Terminal"},
+    StartedBy{"wezterm-gui", "org.wezfurlong.wezterm"},
+};
 constexpr std::string_view resolvePath = "/resolve/bin/resolve";
 
 bool matches(std::string_view pattern, std::string_view text)
@@ -91,9 +99,9 @@ std::optional<std::string> find(const Table& table, std::string_view text)
 
 } // namespace
 
-std::string bundleIdentifierOf(const std::string& desktopId)
+std::optional<std::string> bundleIdentifierOf(const std::string& desktopId)
 {
-    return find(desktopIds, desktopId).value_or(desktopId);
+    return find(desktopIds, desktopId);
 }
 
 std::vector<std::string> desktopIdsOf(const std::string& bundleIdentifier)
@@ -103,9 +111,17 @@ std::vector<std::string> desktopIdsOf(const std::string& bundleIdentifier)
         if (known.bundleIdentifier == bundleIdentifier && !known.pattern.ends_with('*'))
             ids.emplace_back(known.pattern);
     }
-    if (bundleIdentifierOf(bundleIdentifier) == bundleIdentifier)
-        ids.push_back(bundleIdentifier);
     return ids;
+}
+
+std::optional<std::string> desktopIdOfExecutable(std::string_view path)
+{
+    const auto name = path.substr(path.rfind('/') + 1);
+    for (const auto& each : startedByAnother) {
+        if (each.executable == name)
+            return std::string(each.desktopId);
+    }
+    return std::nullopt;
 }
 
 std::optional<std::string> bundleIdentifierOfExecutable(std::string_view path)

@@ -27,7 +27,7 @@ constexpr auto youth = 30s;
 
 RunningApplication applicationOf(const DesktopEntry& entry)
 {
-    RunningApplication application{.bundleIdentifier = bundleIdentifierOf(entry.applicationId),
+    RunningApplication application{.bundleIdentifier = entry.id,
                                    .localizedName = entry.name,
                                    .executablePath = std::nullopt,
                                    .activationPolicy =
@@ -37,12 +37,18 @@ RunningApplication applicationOf(const DesktopEntry& entry)
     return application;
 }
 
-RunningApplication applicationWithoutEntry(std::string bundleIdentifier, std::string name)
+RunningApplication applicationWithoutEntry(std::string identifier, std::string name)
 {
-    return {.bundleIdentifier = std::move(bundleIdentifier),
+    return {.bundleIdentifier = std::move(identifier),
             .localizedName = std::move(name),
             .executablePath = std::nullopt,
             .activationPolicy = ActivationPolicy::accessory};
+}
+
+void addIdentifier(RunningApplication& application, const std::optional<std::string>& identifier)
+{
+    if (identifier && !application.isKnownAs(*identifier))
+        application.alsoKnownAs.push_back(*identifier);
 }
 
 std::optional<RunningApplication> applicationOfExecutable(const std::string& program)
@@ -143,8 +149,26 @@ void ApplicationWalk::identify(std::int32_t pid, Process& process) const
     process.isKnownByUnit = !process.application && !process.unit.empty();
     if (!process.application)
         process.application = applicationOfSurroundings(pid, process.unit, program);
-    if (process.application && executable)
+    if (!process.application)
+        return;
+    addIdentifiers(*process.application, program);
+    if (executable)
         process.application->executablePath = validUtf8(*executable);
+}
+
+// What else it may be watched by: the name of its sandbox and the other applications in there, which cannot be told
+// apart, and the bundle identifier of one that the application knows.
+void ApplicationWalk::addIdentifiers(RunningApplication& application, const std::string& program) const
+{
+    const auto id = *application.bundleIdentifier;
+    const auto* entry = m_index->byId(id);
+    const auto applicationId = entry ? entry->applicationId : id;
+    addIdentifier(application, applicationId);
+    for (const auto& other : m_index->idsOf(applicationId))
+        addIdentifier(application, other);
+    addIdentifier(application, bundleIdentifierOf(applicationId));
+    addIdentifier(application, bundleIdentifierOf(id));
+    addIdentifier(application, bundleIdentifierOfExecutable(program));
 }
 
 std::optional<RunningApplication> ApplicationWalk::applicationOfProgram(std::int32_t pid,
@@ -152,6 +176,8 @@ std::optional<RunningApplication> ApplicationWalk::applicationOfProgram(std::int
 {
     if (const auto* entry = entryOfProgram(pid, program))
         return applicationOf(*entry);
+    if (const auto id = desktopIdOfExecutable(program))
+        return applicationOfId(*id);
     return applicationOfExecutable(program);
 }
 
@@ -159,11 +185,13 @@ std::optional<RunningApplication> ApplicationWalk::applicationOfSurroundings(std
                                                                              const std::string& program) const
 {
     const auto id = idOfSurroundings(pid, unit, program);
-    if (!id)
-        return std::nullopt;
-    if (const auto* entry = m_index->byId(*id))
-        return applicationOf(*entry);
-    return applicationWithoutEntry(bundleIdentifierOf(validUtf8(*id)), validUtf8(*id));
+    return id ? std::optional(applicationOfId(*id)) : std::nullopt;
+}
+
+RunningApplication ApplicationWalk::applicationOfId(const std::string& id) const
+{
+    const auto* entry = m_index->byId(id);
+    return entry ? applicationOf(*entry) : applicationWithoutEntry(validUtf8(id), validUtf8(id));
 }
 
 std::optional<std::string> ApplicationWalk::idOfSurroundings(std::int32_t pid, const std::string& unit,

@@ -57,9 +57,11 @@ private:
     std::optional<RunningApplication> applicationOfProgram(std::int32_t pid, const std::string& program) const;
     std::optional<RunningApplication> applicationOfSurroundings(std::int32_t pid, const std::string& unit,
                                                                 const std::string& program) const;
+    RunningApplication applicationOfId(const std::string& id) const;
     std::optional<std::string> idOfSurroundings(std::int32_t pid, const std::string& unit,
                                                 const std::string& program) const;
     std::optional<std::string> idOfImage(const ProcessEnvironment& environment, const std::string& program) const;
+    void addIdentifiers(RunningApplication& application, const std::string& program) const;
     const DesktopEntry* entryOfProgram(std::int32_t pid, const std::string& executable) const;
 
     std::string m_procFolder;

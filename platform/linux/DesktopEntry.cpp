@@ -239,4 +239,11 @@ std::string startedProgram(const std::string& exec)
     return isInterpreter(words[0]) ? interpretedFile(words) : words[0];
 }
 
+std::size_t argumentCount(const std::string& exec)
+{
+    const auto words = shellWords(exec);
+    const auto isArgument = [](const std::string& word) { return !word.starts_with('%'); };
+    return static_cast<std::size_t>(std::count_if(words.begin(), words.end(), isArgument));
+}
+
 } // namespace orrinvale

@@ -34,6 +34,9 @@ std::optional<DesktopEntry> readDesktopEntry(const std::vector<std::filesystem::
 // The program that an Exec line really starts: behind env, sh -c and interpreters; empty for flatpak run and the like.
 std::string startedProgram(const std::string& exec);
 
+// How many words an Exec line has besides what stands for files and addresses.
+std::size_t argumentCount(const std::string& exec);
+
 // Whether a program only carries out another file: a shell, python, java, node …
 bool isInterpreter(const std::string& program);
 // The script, archive or program among an interpreter's arguments; empty when there is none.

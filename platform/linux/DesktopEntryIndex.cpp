@@ -38,20 +38,28 @@ DesktopEntryIndex::DesktopEntryIndex(std::vector<DesktopEntry> entries)
 void DesktopEntryIndex::add(DesktopEntry entry)
 {
     if (const auto program = startedProgram(entry.exec); !program.empty()) {
-        m_programs.emplace(resolved(program), entry.id);
-        m_programs.emplace(lastComponent(program), entry.id);
+        addProgram(resolved(program), entry);
+        addProgram(lastComponent(program), entry);
     }
-    m_applicationIds.emplace(entry.applicationId, entry.id);
+    m_applicationIds[entry.applicationId].push_back(entry.id);
     auto id = entry.id;
     m_entries.emplace(std::move(id), std::move(entry));
+}
+
+void DesktopEntryIndex::addProgram(const std::string& path, const DesktopEntry& entry)
+{
+    Program program{entry.id, argumentCount(entry.exec)};
+    const auto [known, isNew] = m_programs.try_emplace(path, program);
+    if (!isNew && program.arguments < known->second.arguments)
+        known->second = std::move(program);
 }
 
 const DesktopEntry* DesktopEntryIndex::byId(const std::string& id) const
 {
     if (const auto found = m_entries.find(id); found != m_entries.end())
         return &found->second;
-    const auto other = m_applicationIds.find(id);
-    return other == m_applicationIds.end() ? nullptr : &m_entries.at(other->second);
+    const auto& others = idsOf(id);
+    return others.empty() ? nullptr : &m_entries.at(others.front());
 }
 
 const DesktopEntry* DesktopEntryIndex::byProgram(const std::string& path) const
@@ -59,7 +67,14 @@ const DesktopEntry* DesktopEntryIndex::byProgram(const std::string& path) const
     auto found = m_programs.find(path);
     if (found == m_programs.end())
         found = m_programs.find(lastComponent(path));
-    return found == m_programs.end() ? nullptr : byId(found->second);
+    return found == m_programs.end() ? nullptr : byId(found->second.id);
+}
+
+const std::vector<std::string>& DesktopEntryIndex::idsOf(const std::string& applicationId) const
+{
+    static const std::vector<std::string> none;
+    const auto found = m_applicationIds.find(applicationId);
+    return found == m_applicationIds.end() ? none : found->second;
 }
 
 } // namespace orrinvale

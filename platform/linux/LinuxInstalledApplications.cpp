@@ -6,6 +6,8 @@
 #include "platform/linux/ApplicationIdentity.h"
 #include "platform/linux/DesktopEntry.h"
 
+#include <algorithm>
+
 namespace orrinvale
 {
 
@@ -14,8 +16,13 @@ namespace
 
 InstalledApplication applicationOf(DesktopEntry entry)
 {
-    return {bundleIdentifierOf(entry.applicationId), std::move(entry.name), validUtf8(entry.path.string()),
-            std::move(entry.icon)};
+    return {std::move(entry.id), std::move(entry.name), validUtf8(entry.path.string()), std::move(entry.icon)};
+}
+
+bool isKnownAs(const DesktopEntry& entry, const std::string& identifier)
+{
+    return entry.applicationId == identifier || bundleIdentifierOf(entry.applicationId) == identifier ||
+           bundleIdentifierOf(entry.id) == identifier;
 }
 
 } // namespace
@@ -37,15 +44,18 @@ std::vector<InstalledApplication> LinuxInstalledApplications::scan() const
 
 std::optional<InstalledApplication> LinuxInstalledApplications::find(const std::string& bundleIdentifier) const
 {
+    if (auto entry = readDesktopEntry(m_folders, bundleIdentifier))
+        return applicationOf(std::move(*entry));
     for (const auto& id : desktopIdsOf(bundleIdentifier)) {
         if (auto entry = readDesktopEntry(m_folders, id))
             return applicationOf(std::move(*entry));
     }
-    for (auto& entry : readDesktopEntries(m_folders)) { // the id of a sub-folder, a pattern, a sandbox's other name
-        if (bundleIdentifierOf(entry.applicationId) == bundleIdentifier)
-            return applicationOf(std::move(entry));
-    }
-    return std::nullopt;
+    auto entries = readDesktopEntries(m_folders); // the id of a sub-folder, a pattern, a sandbox's other name
+    const auto firstOf = [&](const auto& predicate) { return std::find_if(entries.begin(), entries.end(), predicate); };
+    auto found = firstOf([&](const auto& entry) { return entry.id == bundleIdentifier; });
+    if (found == entries.end())
+        found = firstOf([&](const auto& entry) { return isKnownAs(entry, bundleIdentifier); });
+    return found == entries.end() ? std::nullopt : std::optional(applicationOf(std::move(*found)));
 }
 
 } // namespace orrinvale

@@ -175,6 +175,20 @@ TEST_F(ProcessDetectorTest, IdentifiersAreComparedToTheLetter)
     EXPECT_THAT(details(), IsEmpty());
 }
 
+TEST_F(ProcessDetectorTest, AnApplicationIsWatchedByEachOfItsIdentifiers)
+{
+    fake.applications.run("org.kde.konsole", "Konsole", {"com.apple.Terminal"});
+    detector->updateCustomProcesses({{.bundleID = "org.kde.konsole", .label = "Konsole active", .score = 3},
+                                     {.bundleID = "com.apple.Terminal", .label = "From before", .score = 2},
+                                     {.bundleID = "org.gnome.Terminal", .label = "Another", .score = 2}});
+    time.runPending();
+    EXPECT_THAT(details(), ElementsAre("Terminal session active", "Konsole active", "From before"));
+    for (const auto& signal : detector->signals.get()) {
+        EXPECT_EQ(signal.appBundleID, "org.kde.konsole");
+        EXPECT_EQ(signal.appName, "Konsole");
+    }
+}
+
 TEST_F(ProcessDetectorTest, ANamelessApplicationGoesByItsIdentifier)
 {
     fake.applications.list.push_back({"com.handbrake.HandBrake", std::nullopt, {}});

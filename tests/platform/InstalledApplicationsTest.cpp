@@ -78,14 +78,17 @@ TEST_F(InstalledTest, AnApplicationHasItsIdentifierNameIconAndPath)
                                                  "org.example.App"}));
 }
 
-TEST_F(InstalledTest, KnownApplicationsHaveTheirBundleIdentifier)
+TEST_F(InstalledTest, ApplicationsThatShareABundleIdentifierAreEachListed)
 {
-    entry("system", "firefox-esr", "Name=Firefox ESR\n");
-    entry("system", "fr.handbrake.ghb", "Name=HandBrake\n");
+    entry("system", "chromium", "Name=Chromium\n");
+    entry("system", "google-chrome", "Name=Google Chrome\n");
     std::vector<std::string> identifiers;
     for (const auto& each : installed().scan())
         identifiers.push_back(each.bundleIdentifier);
-    EXPECT_THAT(identifiers, ElementsAre("org.mozilla.firefox", "com.handbrake.HandBrake"));
+    EXPECT_THAT(identifiers, ElementsAre("chromium", "google-chrome"));
+    EXPECT_EQ(installed().find("google-chrome")->name, "Google Chrome");
+    EXPECT_EQ(installed().find("chromium")->name, "Chromium");
+    EXPECT_EQ(installed().find("com.google.Chrome")->name, "Google Chrome");
 }
 
 TEST_F(InstalledTest, WhatADesktopDoesNotShowIsLeftOut)
@@ -161,15 +164,18 @@ TEST_F(InstalledTest, SubFoldersArePartsOfTheId)
     EXPECT_EQ(installed().find("kde-konsole")->name, "K");
 }
 
-TEST_F(InstalledTest, SandboxedApplicationsGoByTheNameOfTheirSandbox)
+TEST_F(InstalledTest, ApplicationsOfOneSandboxAreEachListed)
 {
     entry("user", "org.example.Office", "Name=Office\nX-Flatpak=org.example.Office\n");
     entry("user", "org.example.Office.writer", "Name=Writer\nX-Flatpak=org.example.Office\n");
     entry("user", "org.mozilla.firefox_snap", "Name=F\nX-SnapInstanceName=firefox\nX-SnapAppName=firefox\n");
     const auto found = installed().scan();
     EXPECT_EQ(found[0].bundleIdentifier, "org.example.Office");
-    EXPECT_EQ(found[1].bundleIdentifier, "org.example.Office");
-    EXPECT_EQ(found[2].bundleIdentifier, "org.mozilla.firefox");
+    EXPECT_EQ(found[1].bundleIdentifier, "org.example.Office.writer");
+    EXPECT_EQ(found[2].bundleIdentifier, "org.mozilla.firefox_snap");
+    EXPECT_EQ(installed().find("org.example.Office.writer")->name, "Writer");
+    EXPECT_EQ(installed().find("firefox_firefox")->name, "F");
+    EXPECT_EQ(installed().find("org.mozilla.firefox")->name, "F");
 }
 
 TEST_F(InstalledTest, AnApplicationIsFoundByItsIdentifier)
@@ -183,18 +189,20 @@ TEST_F(InstalledTest, AnApplicationIsFoundByItsIdentifier)
     EXPECT_EQ(installed().find("com.jetbrains.intellij")->name, "IDEA");
     EXPECT_EQ(installed().find("secret")->name, "Secret");
     EXPECT_EQ(installed().find("gone"), std::nullopt);
-    EXPECT_EQ(installed().find("us.zoom.Zoom"), std::nullopt); // nothing goes by that identifier
+    EXPECT_EQ(installed().find("us.zoom.Zoom")->name, "Zoom");
+    EXPECT_EQ(installed().find("org.example.Missing"), std::nullopt);
     EXPECT_EQ(installed().find("../system/secret"), std::nullopt);
     EXPECT_EQ(installed().find(""), std::nullopt);
 }
 
 TEST(ApplicationIdentity, EveryWayBackLeadsToTheIdentifier)
 {
-    for (const auto* identifier : {"us.zoom.xos", "com.apple.Terminal", "org.mozilla.firefox", "org.example.App"}) {
+    for (const auto* identifier : {"us.zoom.xos", "com.apple.Terminal", "org.mozilla.firefox"}) {
         EXPECT_FALSE(desktopIdsOf(identifier).empty());
         for (const auto& id : desktopIdsOf(identifier))
             EXPECT_EQ(bundleIdentifierOf(id), identifier);
     }
+    EXPECT_TRUE(desktopIdsOf("org.example.App").empty());
 }
 
 TEST(InstalledApplications, WhatTheScanCallsAnApplicationIsWhatItRunsAs)
@@ -210,7 +218,7 @@ TEST(InstalledApplications, WhatTheScanCallsAnApplicationIsWhatItRunsAs)
         if (each.name == "Picked")
             identifier = each.bundleIdentifier;
     }
-    EXPECT_EQ(identifier, "com.dropbox.client2");
+    EXPECT_EQ(identifier, "com.dropbox.Client");
     QtMainQueue queue;
     ThreadSerialQueue background("test");
     LinuxRunningApplications applications(queue, background, background);
@@ -220,7 +228,8 @@ TEST(InstalledApplications, WhatTheScanCallsAnApplicationIsWhatItRunsAs)
     EXPECT_TRUE(waitFor([&] {
         applications.refresh();
         for (const auto& each : applications.applications()) {
-            if (each.bundleIdentifier == identifier && each.iconName == "picked")
+            if (each.bundleIdentifier == identifier && each.isKnownAs("com.dropbox.client2") &&
+                each.iconName == "picked")
                 return true;
         }
         return false;

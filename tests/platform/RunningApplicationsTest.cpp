@@ -120,7 +120,7 @@ TEST_F(WalkTest, WithoutUnitsASandboxTellsItself)
     file(11, "attr/current", "snap.clion.clion (enforce)\n");
     process(12, "/opt/confined");
     file(12, "attr/current", "unconfined\n");
-    EXPECT_EQ(identifiers(), (Identifiers{"us.zoom.xos", "com.jetbrains.CLion"}));
+    EXPECT_EQ(identifiers(), (Identifiers{"us.zoom.Zoom", "clion_clion"}));
 }
 
 TEST_F(WalkTest, AnAppImageIsKnownByItsFileAndNotByWhatItStarts)
@@ -166,13 +166,60 @@ TEST_F(WalkTest, AFlatpakIsKnownByItsUnitAndItsOwnInformation)
     EXPECT_EQ(last[0].localizedName, "Flat");
     process(11, "/app/bin/other", "app-flatpak-whatever-77.scope");
     file(11, "root/.flatpak-info", "[Application]\nname=us.zoom.Zoom\n");
-    EXPECT_EQ(identifiers(), (Identifiers{"org.example.Flat", "us.zoom.xos"}));
+    EXPECT_EQ(identifiers(), (Identifiers{"org.example.Flat", "us.zoom.Zoom"}));
 }
 
 TEST_F(WalkTest, ASnapIsKnownByItsUnit)
 {
     process(10, "/snap/clion/300/bin/clion", "snap.clion.clion.0b6b3c2e-9d41.scope");
-    EXPECT_EQ(identifiers(), (Identifiers{"com.jetbrains.CLion"}));
+    EXPECT_EQ(identifiers(), (Identifiers{"clion_clion"}));
+    EXPECT_EQ(last[0].alsoKnownAs, (Identifiers{"com.jetbrains.CLion"}));
+}
+
+TEST_F(WalkTest, ApplicationsThatShareABundleIdentifierAreEachTheirOwn)
+{
+    entry("google-chrome", "Name=Chrome\nExec=" + program("chrome") + "\n");
+    entry("chromium", "Name=Chromium\nExec=" + program("chromium") + "\n");
+    process(10, program("chrome"), {}, 1);
+    process(11, program("chromium"), {}, 2);
+    EXPECT_EQ(identifiers(), (Identifiers{"google-chrome", "chromium"}));
+    for (const auto& each : last)
+        EXPECT_EQ(each.alsoKnownAs, (Identifiers{"com.google.Chrome"}));
+}
+
+TEST_F(WalkTest, AProgramThatAnotherStartsHasTheEntryOfThatOne)
+{
+    entry("org.gnome.Terminal", "Name=Terminal\nExec=" + program("gnome-terminal") + "\n");
+    process(10, "/usr/libexec/gnome-terminal-server");
+    EXPECT_EQ(identifiers(), (Identifiers{"org.gnome.Terminal"}));
+    EXPECT_EQ(last[0].localizedName, "Terminal");
+    EXPECT_EQ(last[0].alsoKnownAs, (Identifiers{"com.apple.Terminal"}));
+}
+
+TEST_F(WalkTest, AnEntryOfAKnownProgramIsKnownAsThatToo)
+{
+    entry("my-encoder", "Name=Encoder\nExec=" + program("HandBrakeCLI") + "\n");
+    process(10, program("HandBrakeCLI"));
+    EXPECT_EQ(identifiers(), (Identifiers{"my-encoder"}));
+    EXPECT_EQ(last[0].alsoKnownAs, (Identifiers{"com.handbrake.HandBrake"}));
+}
+
+TEST_F(WalkTest, ASandboxIsKnownAsEachOfItsApplications)
+{
+    entry("org.example.Office", "Name=Office\nX-Flatpak=org.example.Office\nExec=" + program("flatpak") + " run o\n");
+    entry("org.example.Office.writer",
+          "Name=Writer\nX-Flatpak=org.example.Office\nExec=" + program("flatpak") + " run w\n");
+    process(10, "/app/office", "app-flatpak-org.example.Office-10.scope");
+    EXPECT_EQ(identifiers(), (Identifiers{"org.example.Office"}));
+    EXPECT_EQ(last[0].alsoKnownAs, (Identifiers{"org.example.Office.writer"}));
+}
+
+TEST_F(WalkTest, ABrowserIsNotWhatItShowsInAWindowOfItsOwn)
+{
+    entry("app-music", "Name=Music\nExec=" + program("browser") + " --app=https://example.org\n");
+    entry("browser", "Name=Browser\nExec=" + program("browser") + " %U\n");
+    process(10, program("browser"));
+    EXPECT_EQ(identifiers(), (Identifiers{"browser"}));
 }
 
 TEST_F(WalkTest, HelpersFoldIntoTheOldestProcessOfTheirUnit)
@@ -244,7 +291,7 @@ TEST_F(WalkTest, AProgramInATerminalIsKnownByItsExecutable)
     process(10, "/usr/libexec/gnome-terminal-server", "app-org.gnome.Terminal.slice/gnome-terminal-server.service", 1);
     process(11, "/usr/bin/bash", "app-gnome-org.gnome.Terminal-10.scope", 2);
     process(12, "/usr/bin/ffmpeg", "app-gnome-org.gnome.Terminal-10.scope", 3);
-    EXPECT_EQ(identifiers(), (Identifiers{"com.apple.Terminal", "org.ffmpeg.FFmpegKit"}));
+    EXPECT_EQ(identifiers(), (Identifiers{"org.gnome.Terminal", "org.ffmpeg.FFmpegKit"}));
 }
 
 TEST_F(WalkTest, AProcessThatHasEndedIsNoneThoughNobodyAskedForItsStatus)
@@ -378,7 +425,7 @@ TEST(ApplicationIdentity, KnownApplicationsHaveTheirBundleIdentifier)
     EXPECT_EQ(bundleIdentifierOf("fr.handbrake.ghb"), "com.handbrake.HandBrake");
     EXPECT_EQ(bundleIdentifierOf("jetbrains-idea-ce"), "com.jetbrains.intellij");
     EXPECT_EQ(bundleIdentifierOf("firefox-esr"), "org.mozilla.firefox");
-    EXPECT_EQ(bundleIdentifierOf("org.example.App"), "org.example.App");
+    EXPECT_EQ(bundleIdentifierOf("org.example.App"), std::nullopt);
     EXPECT_EQ(bundleIdentifierOfExecutable("/usr/bin/qbittorrent-nox"), "org.qbittorrent.qbittorrent");
     EXPECT_EQ(bundleIdentifierOfExecutable("/opt/resolve/bin/resolve"), "com.blackmagic-design.DaVinci-Resolve");
     EXPECT_EQ(bundleIdentifierOfExecutable("/usr/bin/vim"), std::nullopt);
