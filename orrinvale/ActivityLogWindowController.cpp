@@ -39,6 +39,10 @@ void ActivityLogWindowController::subscribe()
     auto& queue = platform().mainQueue;
     m_cancellables += m_engine.activityLog.observeOn(queue, [this](const auto& entries) { showEntries(entries); });
     m_cancellables += m_engine.appUsageTracker().days.observeOn(queue, [this](const auto&) { refreshDayDetail(); });
+    m_cancellables += m_calendar.observeTimeZone([this] {
+        showEntries(m_entries);
+        refreshDayDetail();
+    });
 }
 
 void ActivityLogWindowController::showEntries(const std::vector<ActivityEntry>& entries)

@@ -6,6 +6,7 @@
 #include "orrinvale/ApplicationPalette.h"
 #include "orrinvale/WidgetFilePanels.h"
 #include "orrinvale/WidgetInterface.h"
+#include "platform/TimeZone.h"
 #include "platform/linux/CharacterEncoding.h"
 #include "platform/linux/Compositing.h"
 #include "platform/linux/LinuxPlatform.h"
@@ -55,6 +56,7 @@ int main(int argc, char** argv)
     LinuxPlatform desktop({isPaletteDark, isCompositing, applyApplicationPalette});
     const auto platform = desktop.platform();
     desktop.prime();
+    const auto timeZone = platform.timeZone.observeChanges([] { LocalCalendar::user().readTimeZone(); });
     AppSettings::provide(platform, LocalCalendar::user());
     WidgetFilePanels widgetPanels;
     PortalFilePanels filePanels(QDBusConnection::sessionBus(), widgetPanels);

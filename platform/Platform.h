@@ -22,6 +22,7 @@ class RunningApplications;
 class SerialQueue;
 class SerialQueues;
 class SessionEvents;
+class TimeZone;
 class UserDefaults;
 class UserNotifications;
 
@@ -45,6 +46,7 @@ struct Platform {
     ProcessStatus& processStatus;
     RunningApplications& runningApplications;
     SessionEvents& sessionEvents;
+    TimeZone& timeZone;
     UserDefaults& userDefaults;
     UserNotifications& userNotifications;
 };

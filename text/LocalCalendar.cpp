@@ -50,6 +50,16 @@ CalendarHandle openCalendar(const std::u16string& zone, const std::string& local
     return handle;
 }
 
+// Looked up anew each time; ICU's default zone stays what it was at first.
+std::u16string systemTimeZone()
+{
+    std::u16string name(128, u'\0');
+    auto error = U_ZERO_ERROR;
+    const auto length = ucal_getHostTimeZone(name.data(), static_cast<std::int32_t>(name.size()), &error);
+    name.resize(U_FAILURE(error) ? 0 : static_cast<std::size_t>(length));
+    return name;
+}
+
 } // namespace
 
 struct LocalCalendar::Calendar {
@@ -127,19 +137,38 @@ struct LocalCalendar::Texts {
 };
 
 LocalCalendar::LocalCalendar(const std::string& timeZone, const std::string& locale)
+    : m_isOfOneZone(!timeZone.empty()), m_systemZone(systemTimeZone()),
+      m_locale(locale.empty() ? userDateLocale() : locale)
 {
-    const auto zone = utf16(timeZone);
-    const auto name = locale.empty() ? userDateLocale() : locale;
-    m_calendar = std::make_unique<Calendar>(zone, name, UCAL_GREGORIAN);
-    m_texts = std::make_unique<Texts>(zone, name);
+    setTimeZone(utf16(timeZone));
 }
 
 LocalCalendar::~LocalCalendar() = default;
 
-const LocalCalendar& LocalCalendar::user()
+LocalCalendar& LocalCalendar::user()
 {
-    static const LocalCalendar calendar;
+    static LocalCalendar calendar;
     return calendar;
+}
+
+void LocalCalendar::setTimeZone(const std::u16string& zone)
+{
+    m_calendar = std::make_unique<Calendar>(zone, m_locale, UCAL_GREGORIAN);
+    m_texts = std::make_unique<Texts>(zone, m_locale);
+}
+
+void LocalCalendar::readTimeZone()
+{
+    auto zone = systemTimeZone();
+    if (m_isOfOneZone || std::exchange(m_systemZone, zone) == zone)
+        return;
+    setTimeZone(zone);
+    m_zoneChanges.set(m_zoneChanges.get() + 1);
+}
+
+Cancellable LocalCalendar::observeTimeZone(std::function<void()> onChange) const
+{
+    return m_zoneChanges.observe([onChange = std::move(onChange)](int) { onChange(); }, Deliver::changesOnly);
 }
 
 std::string LocalCalendar::dateKey(Instant instant) const

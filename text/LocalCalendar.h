@@ -3,8 +3,10 @@
 #pragma once
 
 #include "base/Clock.h"
+#include "base/Published.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,8 +24,13 @@ public:
     explicit LocalCalendar(const std::string& timeZone = {}, const std::string& locale = {});
     ~LocalCalendar();
 
-    // The user's zone and locale as they were at the first use.
-    static const LocalCalendar& user();
+    // The user's locale as it was at the first use, and zone as it was when last read.
+    static LocalCalendar& user();
+
+    // Takes the time zone that the system has now, unless this calendar was made for one.
+    void readTimeZone();
+    // `onChange` is called after it became another one: days and times of day are others then.
+    [[nodiscard]] Cancellable observeTimeZone(std::function<void()> onChange) const;
 
     // "yyyy-MM-dd" of the local date.
     std::string dateKey(Instant instant) const;
@@ -54,6 +61,12 @@ public:
 private:
     struct Calendar;
     struct Texts;
+    void setTimeZone(const std::u16string& zone);
+
+    const bool m_isOfOneZone;
+    std::u16string m_systemZone; // when last read
+    std::string m_locale;
+    mutable Published<int> m_zoneChanges;
     std::unique_ptr<Calendar> m_calendar;
     std::unique_ptr<Texts> m_texts;
 };

@@ -16,6 +16,7 @@
 #include "platform/fake/FakeProcessStatus.h"
 #include "platform/fake/FakeRunningApplications.h"
 #include "platform/fake/FakeSessionEvents.h"
+#include "platform/fake/FakeTimeZone.h"
 #include "platform/fake/FakeUserDefaults.h"
 #include "platform/fake/FakeUserNotifications.h"
 #include "platform/fake/VirtualTime.h"
@@ -41,15 +42,16 @@ struct FakePlatform {
     FakeProcessStatus processStatus;
     FakeRunningApplications applications;
     FakeSessionEvents sessionEvents;
+    FakeTimeZone timeZone;
     FakeUserDefaults defaults;
     FakeUserNotifications notifications;
 
     Platform platform()
     {
-        return {time,       time,         *background,  *applicationFiles, time,         applicationSupport,
-                appearance, cpu,          folders,      installed,         loginItem,    media,
-                network,    power,        powerSources, processStatus,     applications, sessionEvents,
-                defaults,   notifications};
+        return {time,       time,     *background,  *applicationFiles, time,         applicationSupport,
+                appearance, cpu,      folders,      installed,         loginItem,    media,
+                network,    power,    powerSources, processStatus,     applications, sessionEvents,
+                timeZone,   defaults, notifications};
     }
 };
 

@@ -31,7 +31,7 @@ LinuxPlatform::LinuxPlatform(Desktop desktop)
       m_mediaDevices(m_queue, m_background), m_powerAssertions(m_sessionBus, m_systemBus.connection(), m_queue),
       m_powerSources(m_systemBus.connection(), m_queue, m_background), m_processStatus(m_queue, m_background),
       m_runningApplications(m_queue, m_background, m_applicationFiles),
-      m_sessionEvents(m_sessionBus, m_systemBus.connection(), m_queue, m_background),
+      m_sessionEvents(m_sessionBus, m_systemBus.connection(), m_queue, m_background), m_timeZone(m_queue),
       m_userDefaults(m_support.configDirectory() / "orrinvale" / "settings.json"),
       m_userNotifications(m_sessionBus, notificationRecord(m_support)),
       m_systemBusRenewals(m_systemBus.observe([this](const QDBusConnection& bus) {
@@ -58,10 +58,27 @@ void LinuxPlatform::flush()
 
 Platform LinuxPlatform::platform()
 {
-    return {m_queue,         m_serialQueues,        m_background,      m_applicationFiles, m_clock,
-            m_support,       m_appearance,          m_cpuCounters,     m_folderWatcher,    m_installedApplications,
-            m_loginItem,     m_mediaDevices,        m_networkCounters, m_powerAssertions,  m_powerSources,
-            m_processStatus, m_runningApplications, m_sessionEvents,   m_userDefaults,     m_userNotifications};
+    return {m_queue,
+            m_serialQueues,
+            m_background,
+            m_applicationFiles,
+            m_clock,
+            m_support,
+            m_appearance,
+            m_cpuCounters,
+            m_folderWatcher,
+            m_installedApplications,
+            m_loginItem,
+            m_mediaDevices,
+            m_networkCounters,
+            m_powerAssertions,
+            m_powerSources,
+            m_processStatus,
+            m_runningApplications,
+            m_sessionEvents,
+            m_timeZone,
+            m_userDefaults,
+            m_userNotifications};
 }
 
 } // namespace orrinvale

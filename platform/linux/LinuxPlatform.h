@@ -18,6 +18,7 @@
 #include "platform/linux/LinuxProcessStatus.h"
 #include "platform/linux/LinuxRunningApplications.h"
 #include "platform/linux/LinuxSessionEvents.h"
+#include "platform/linux/LinuxTimeZone.h"
 #include "platform/linux/LinuxUserDefaults.h"
 #include "platform/linux/LinuxUserNotifications.h"
 #include "platform/linux/SystemBus.h"
@@ -64,6 +65,7 @@ private:
     LinuxProcessStatus m_processStatus;
     LinuxRunningApplications m_runningApplications;
     LinuxSessionEvents m_sessionEvents;
+    LinuxTimeZone m_timeZone;
     LinuxUserDefaults m_userDefaults;
     LinuxUserNotifications m_userNotifications;
     Cancellable m_systemBusRenewals;

@@ -37,6 +37,7 @@ inline Platform platformOf(FakePlatform& fake, const RealParts& real)
             rest.processStatus,
             real.runningApplications ? *real.runningApplications : rest.runningApplications,
             rest.sessionEvents,
+            rest.timeZone,
             real.userDefaults ? *real.userDefaults : rest.userDefaults,
             rest.userNotifications};
 }

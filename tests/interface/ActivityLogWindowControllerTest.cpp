@@ -155,6 +155,25 @@ TEST_F(ActivityLogWindowControllerTest, FollowsTheUsageOfTheSelectedDayWhileOpen
     EXPECT_EQ(detail().totalLabel().text(), QStringLiteral("1h 45m"));
 }
 
+TEST_F(ActivityLogWindowControllerTest, AnotherTimeZoneMovesWhatHappenedToItsDays)
+{
+    qputenv("TZ", "Europe/Berlin");
+    LocalCalendar travelling({}, "en_US");
+    travelling.readTimeZone();
+    log(travelling).showWindow();
+    publish(threeCategories()); // awake at half past ten, in Berlin
+    EXPECT_EQ(cell("2026-10-28").day.count, 1);
+    EXPECT_EQ(detail().dateLabel().text(), QStringLiteral("TODAY"));
+    time.setWallClock(at("2026-10-28T23:30:00Z"));
+    qputenv("TZ", "Pacific/Honolulu");
+    travelling.readTimeZone();
+    settle();
+    EXPECT_EQ(cell("2026-10-27").day.count, 1); // half past eleven at night, the day before
+    EXPECT_EQ(cell("2026-10-28").day.count, 0);
+    qunsetenv("TZ");
+    controller.reset();
+}
+
 TEST_F(ActivityLogWindowControllerTest, AClickOnADayShowsThatDay)
 {
     use("2026-10-20", 9, 2700);

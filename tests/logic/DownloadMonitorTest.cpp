@@ -352,6 +352,7 @@ TEST_F(DownloadMonitorTest, AFolderThatHangsWhileItOpensHoldsUpTheScansAlone)
                         rest.processStatus,
                         rest.runningApplications,
                         rest.sessionEvents,
+                        rest.timeZone,
                         rest.userDefaults,
                         rest.userNotifications};
     monitor.emplace(slow, settings());

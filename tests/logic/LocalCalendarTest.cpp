@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <map>
 
 namespace orrinvale
@@ -23,6 +24,42 @@ Instant at(const char* timestamp)
 std::string textOf(std::optional<Instant> instant)
 {
     return instant ? timestampText(*instant) : "none";
+}
+
+struct SystemZone {
+    explicit SystemZone(const char* zone) { set(zone); }
+    ~SystemZone() { ::unsetenv("TZ"); }
+    static void set(const char* zone) { ::setenv("TZ", zone, 1); }
+};
+
+TEST(LocalCalendar, FollowsTheSystemsTimeZone)
+{
+    const SystemZone system("Europe/Berlin");
+    LocalCalendar calendar({}, "en_US");
+    const auto evening = at("2026-10-28T20:30:00Z");
+    SystemZone::set("America/New_York");
+    calendar.readTimeZone();
+    EXPECT_EQ(calendar.hour(evening), 16);
+    int changes = 0;
+    const auto token = calendar.observeTimeZone([&] { ++changes; });
+    calendar.readTimeZone();
+    EXPECT_EQ(changes, 0);
+    SystemZone::set("Asia/Tokyo");
+    EXPECT_EQ(calendar.hour(evening), 16); // until it is told
+    calendar.readTimeZone();
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(calendar.dateKey(evening), "2026-10-29");
+    EXPECT_EQ(calendar.hour(evening), 5);
+    EXPECT_EQ(calendar.text(evening, "yyyy-MM-dd HH:mm"), "2026-10-29 05:30");
+    EXPECT_EQ(calendar.mediumTime(evening).substr(0, 7), "5:30:00");
+}
+
+TEST(LocalCalendar, OneOfAZoneOfItsOwnKeepsIt)
+{
+    LocalCalendar calendar("America/New_York", "en_US");
+    const SystemZone system("Asia/Tokyo");
+    calendar.readTimeZone();
+    EXPECT_EQ(calendar.hour(at("2026-10-28T20:30:00Z")), 16);
 }
 
 TEST(LocalCalendar, DateKeysHaveLatinDigitsOfTheGregorianCalendarInEveryLocale)
