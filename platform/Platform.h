@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
+
 namespace orrinvale
 {
 
@@ -50,5 +52,48 @@ struct Platform {
     UserDefaults& userDefaults;
     UserNotifications& userNotifications;
 };
+
+namespace detail
+{
+
+template <typename Part>
+Part& partOf(Part& part)
+{
+    return part;
+}
+template <typename Part>
+Part& partOf(std::unique_ptr<Part>& part)
+{
+    return *part;
+}
+
+} // namespace detail
+
+// A machine of parts that bear the same names.
+template <typename Parts>
+Platform platformOf(Parts& parts)
+{
+    return {.mainQueue = detail::partOf(parts.mainQueue),
+            .serialQueues = detail::partOf(parts.serialQueues),
+            .background = detail::partOf(parts.background),
+            .applicationFiles = detail::partOf(parts.applicationFiles),
+            .clock = detail::partOf(parts.clock),
+            .applicationSupport = detail::partOf(parts.applicationSupport),
+            .appearance = detail::partOf(parts.appearance),
+            .cpuCounters = detail::partOf(parts.cpuCounters),
+            .folderWatcher = detail::partOf(parts.folderWatcher),
+            .installedApplications = detail::partOf(parts.installedApplications),
+            .loginItem = detail::partOf(parts.loginItem),
+            .mediaDevices = detail::partOf(parts.mediaDevices),
+            .networkCounters = detail::partOf(parts.networkCounters),
+            .powerAssertions = detail::partOf(parts.powerAssertions),
+            .powerSources = detail::partOf(parts.powerSources),
+            .processStatus = detail::partOf(parts.processStatus),
+            .runningApplications = detail::partOf(parts.runningApplications),
+            .sessionEvents = detail::partOf(parts.sessionEvents),
+            .timeZone = detail::partOf(parts.timeZone),
+            .userDefaults = detail::partOf(parts.userDefaults),
+            .userNotifications = detail::partOf(parts.userNotifications)};
+}
 
 } // namespace orrinvale

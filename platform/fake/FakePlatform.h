@@ -24,35 +24,33 @@
 namespace orrinvale
 {
 
-// A whole machine in virtual time, for a test to turn its knobs.
+// A whole machine in virtual time, for a test to turn its knobs. One that derives from it and has a part of its own
+// under the same name is a machine with that part: platformOf(machine).
 struct FakePlatform {
     VirtualTime time;
+    MainQueue& mainQueue = time;
+    SerialQueues& serialQueues = time;
+    Clock& clock = time;
     std::unique_ptr<SerialQueue> background = time.make("background");
     std::unique_ptr<SerialQueue> applicationFiles = time.make("applicationfiles");
     FakeApplicationSupport applicationSupport;
     FakeAppearance appearance;
-    FakeCPUCounters cpu;
-    FakeFolderWatcher folders;
-    FakeInstalledApplications installed;
+    FakeCPUCounters cpuCounters;
+    FakeFolderWatcher folderWatcher;
+    FakeInstalledApplications installedApplications;
     FakeLoginItem loginItem;
-    FakeMediaDevices media;
-    FakeNetworkCounters network;
-    FakePowerAssertions power;
+    FakeMediaDevices mediaDevices;
+    FakeNetworkCounters networkCounters;
+    FakePowerAssertions powerAssertions;
     FakePowerSources powerSources;
     FakeProcessStatus processStatus;
-    FakeRunningApplications applications;
+    FakeRunningApplications runningApplications;
     FakeSessionEvents sessionEvents;
     FakeTimeZone timeZone;
-    FakeUserDefaults defaults;
-    FakeUserNotifications notifications;
+    FakeUserDefaults userDefaults;
+    FakeUserNotifications userNotifications;
 
-    Platform platform()
-    {
-        return {time,       time,     *background,  *applicationFiles, time,         applicationSupport,
-                appearance, cpu,      folders,      installed,         loginItem,    media,
-                network,    power,    powerSources, processStatus,     applications, sessionEvents,
-                timeZone,   defaults, notifications};
-    }
+    Platform platform() { return platformOf(*this); }
 };
 
 } // namespace orrinvale

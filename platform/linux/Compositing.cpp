@@ -13,6 +13,8 @@ namespace orrinvale
 // it is the screen's; desktops of today have one.
 bool isCompositing()
 {
+    if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+        return false; // a program without windows
     auto* connection = xConnection();
     if (!connection)
         return QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));

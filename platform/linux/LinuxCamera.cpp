@@ -7,6 +7,7 @@
 #include <array>
 #include <cerrno>
 #include <filesystem>
+#include <memory>
 #include <utility>
 
 #include <sys/inotify.h>

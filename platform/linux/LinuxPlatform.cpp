@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxPlatform.h"
 
+#include "platform/linux/Compositing.h"
 #include "platform/linux/DesktopEntry.h"
 
 #include <QCoreApplication>
@@ -22,22 +23,23 @@ static std::optional<std::filesystem::path> notificationRecord(LinuxApplicationS
     return folder ? std::optional(*folder / "orrinvale.notifications") : std::nullopt;
 }
 
-LinuxPlatform::LinuxPlatform(Desktop desktop)
-    : m_sessionBus(QDBusConnection::sessionBus()),
-      m_appearance(m_sessionBus, {std::move(desktop.isPaletteDark), std::move(desktop.isComposited),
-                                  std::move(desktop.applyAppearance)}),
-      m_installedApplications(userEntryFolders()),
-      m_loginItem(m_support.configDirectory() / "autostart", QCoreApplication::applicationFilePath().toStdString()),
-      m_mediaDevices(m_queue, m_background), m_powerAssertions(m_sessionBus, m_systemBus.connection(), m_queue),
-      m_powerSources(m_systemBus.connection(), m_queue, m_background), m_processStatus(m_queue, m_background),
-      m_runningApplications(m_queue, m_background, m_applicationFiles),
-      m_sessionEvents(m_sessionBus, m_systemBus.connection(), m_queue, m_background), m_timeZone(m_queue),
-      m_userDefaults(m_support.configDirectory() / "orrinvale" / "settings.json"),
-      m_userNotifications(m_sessionBus, notificationRecord(m_support)),
-      m_systemBusRenewals(m_systemBus.observe([this](const QDBusConnection& bus) {
-          m_powerAssertions.useSystemBus(bus);
-          m_powerSources.useSystemBus(bus);
-          m_sessionEvents.useSystemBus(bus);
+LinuxPlatform::LinuxPlatform(const Windows& windows)
+    : m_parts(windows), m_filePanels(m_parts.sessionBus, windows.filePanels)
+{
+}
+
+LinuxPlatform::Parts::Parts(const Windows& windows)
+    : appearance(
+          sessionBus,
+          {.isPaletteDark = windows.isPaletteDark, .isComposited = isCompositing, .apply = windows.applyAppearance}),
+      installedApplications(userEntryFolders()), loginItem(applicationSupport.configDirectory() / "autostart",
+                                                           QCoreApplication::applicationFilePath().toStdString()),
+      userDefaults(applicationSupport.configDirectory() / "orrinvale" / "settings.json"),
+      userNotifications(sessionBus, notificationRecord(applicationSupport)),
+      systemBusRenewals(systemBus.observe([this](const QDBusConnection& bus) {
+          powerAssertions.useSystemBus(bus);
+          powerSources.useSystemBus(bus);
+          sessionEvents.useSystemBus(bus);
       }))
 {
 }
@@ -45,40 +47,15 @@ LinuxPlatform::LinuxPlatform(Desktop desktop)
 void LinuxPlatform::prime()
 {
     const QDeadlineTimer deadline(primingBound);
-    m_runningApplications.refresh(); // goes on beside the questions below
-    m_powerSources.prime(deadline);
-    m_appearance.prime(deadline);
-    m_runningApplications.waitForRefresh(std::chrono::milliseconds(millisecondsLeft(deadline)));
+    m_parts.runningApplications.refresh(); // goes on beside the questions below
+    m_parts.powerSources.prime(deadline);
+    m_parts.appearance.prime(deadline);
+    m_parts.runningApplications.waitForRefresh(std::chrono::milliseconds(millisecondsLeft(deadline)));
 }
 
 void LinuxPlatform::flush()
 {
-    m_userNotifications.flush(QDeadlineTimer(flushingBound));
-}
-
-Platform LinuxPlatform::platform()
-{
-    return {m_queue,
-            m_serialQueues,
-            m_background,
-            m_applicationFiles,
-            m_clock,
-            m_support,
-            m_appearance,
-            m_cpuCounters,
-            m_folderWatcher,
-            m_installedApplications,
-            m_loginItem,
-            m_mediaDevices,
-            m_networkCounters,
-            m_powerAssertions,
-            m_powerSources,
-            m_processStatus,
-            m_runningApplications,
-            m_sessionEvents,
-            m_timeZone,
-            m_userDefaults,
-            m_userNotifications};
+    m_parts.userNotifications.flush(QDeadlineTimer(flushingBound));
 }
 
 } // namespace orrinvale

@@ -21,6 +21,8 @@
 #include "platform/linux/LinuxTimeZone.h"
 #include "platform/linux/LinuxUserDefaults.h"
 #include "platform/linux/LinuxUserNotifications.h"
+#include "platform/linux/Panels.h"
+#include "platform/linux/PortalFilePanels.h"
 #include "platform/linux/SystemBus.h"
 #include "platform/qt/QtMainQueue.h"
 
@@ -31,44 +33,56 @@ namespace orrinvale
 class LinuxPlatform
 {
 public:
-    struct Desktop {
+    // What only the toolkit's windows know and do.
+    struct Windows {
         std::function<bool()> isPaletteDark;
-        std::function<bool()> isComposited;
         std::function<void(std::optional<bool> isDark)> applyAppearance; // nullopt: as the desktop is
+        FilePanels& filePanels;                                          // for a desktop that has none of its own
     };
-    explicit LinuxPlatform(Desktop desktop);
+    explicit LinuxPlatform(const Windows& windows);
 
     // Gives battery, appearance and running applications real values before the first decision; bounded.
     void prime();
     // Lets what was last said to the desktop leave the process; bounded.
     void flush();
-    Platform platform();
+    Platform platform() { return platformOf(m_parts); }
+    FilePanels& filePanels() { return m_filePanels; }
+    // The part of the screen where a window is not covered, in logical pixels.
+    static QRect partWithoutPanels(const QScreen& screen) { return orrinvale::partWithoutPanels(screen); }
 
 private:
-    SystemClock m_clock;
-    QtMainQueue m_queue;
-    ThreadSerialQueues m_serialQueues;
-    ThreadSerialQueue m_background{"com.orrinvale.background"};
-    ThreadSerialQueue m_applicationFiles{"com.orrinvale.applicationfiles"};
-    QDBusConnection m_sessionBus;
-    SystemBus m_systemBus{m_queue, m_background};
-    LinuxApplicationSupport m_support;
-    LinuxAppearance m_appearance;
-    LinuxCPUCounters m_cpuCounters;
-    LinuxFolderWatcher m_folderWatcher;
-    LinuxInstalledApplications m_installedApplications;
-    LinuxLoginItem m_loginItem;
-    LinuxMediaDevices m_mediaDevices;
-    LinuxNetworkCounters m_networkCounters;
-    LinuxPowerAssertions m_powerAssertions;
-    LinuxPowerSources m_powerSources;
-    LinuxProcessStatus m_processStatus;
-    LinuxRunningApplications m_runningApplications;
-    LinuxSessionEvents m_sessionEvents;
-    LinuxTimeZone m_timeZone;
-    LinuxUserDefaults m_userDefaults;
-    LinuxUserNotifications m_userNotifications;
-    Cancellable m_systemBusRenewals;
+    // Each under its name in Platform.
+    struct Parts {
+        explicit Parts(const Windows& windows);
+
+        SystemClock clock;
+        QtMainQueue mainQueue;
+        ThreadSerialQueues serialQueues;
+        ThreadSerialQueue background{"com.orrinvale.background"};
+        ThreadSerialQueue applicationFiles{"com.orrinvale.applicationfiles"};
+        QDBusConnection sessionBus = QDBusConnection::sessionBus();
+        SystemBus systemBus{mainQueue, background};
+        LinuxApplicationSupport applicationSupport;
+        LinuxAppearance appearance;
+        LinuxCPUCounters cpuCounters;
+        LinuxFolderWatcher folderWatcher;
+        LinuxInstalledApplications installedApplications;
+        LinuxLoginItem loginItem;
+        LinuxMediaDevices mediaDevices{mainQueue, background};
+        LinuxNetworkCounters networkCounters;
+        LinuxPowerAssertions powerAssertions{sessionBus, systemBus.connection(), mainQueue};
+        LinuxPowerSources powerSources{systemBus.connection(), mainQueue, background};
+        LinuxProcessStatus processStatus{mainQueue, background};
+        LinuxRunningApplications runningApplications{mainQueue, background, applicationFiles};
+        LinuxSessionEvents sessionEvents{sessionBus, systemBus.connection(), mainQueue, background};
+        LinuxTimeZone timeZone{mainQueue};
+        LinuxUserDefaults userDefaults;
+        LinuxUserNotifications userNotifications;
+        Cancellable systemBusRenewals;
+    };
+
+    Parts m_parts;
+    PortalFilePanels m_filePanels;
 };
 
 } // namespace orrinvale

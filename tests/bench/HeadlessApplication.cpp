@@ -4,9 +4,10 @@
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/ApplicationInterface.h"
 #include "orrinvale/WakeEngine.h"
-#include "platform/linux/LinuxPlatform.h"
-#include "platform/linux/TerminationSignals.h"
+#include "platform/fake/FakeFilePanels.h"
 #include "text/LocalCalendar.h"
+
+#include "HostPlatform.h"
 
 #include <QCoreApplication>
 #include <QSocketNotifier>
@@ -44,17 +45,18 @@ private:
 // The whole application but for its windows, with every real adapter.
 int main(int argc, char** argv)
 {
-    TerminationSignals termination;
+    HostProcess process(argv);
     QCoreApplication application(argc, argv);
-    termination.listen([] { QCoreApplication::quit(); });
-    LinuxPlatform desktop({[] { return false; }, [] { return false; }, [](std::optional<bool>) {}});
-    const auto platform = desktop.platform();
-    desktop.prime();
+    process.onTermination([] { QCoreApplication::quit(); });
+    FakeFilePanels noPanels;
+    HostPlatform host({[] { return false; }, [](std::optional<bool>) {}, noPanels});
+    const auto platform = host.platform();
+    host.prime();
     AppSettings::provide(platform, LocalCalendar::user());
     ModeSwitch interface;
     AppDelegate delegate(platform, AppSettings::shared(), LocalCalendar::user(), interface);
     delegate.applicationDidFinishLaunching();
     const auto status = QCoreApplication::exec();
     delegate.applicationWillTerminate();
-    ::_exit(status);
+    process.end(status);
 }

@@ -29,7 +29,7 @@ struct NoInterface final : ApplicationInterface {
 
 // A fake machine with the whole logic on it, everything from memory.
 struct Machine {
-    Machine() { fake.folders.folders[folder]; }
+    Machine() { fake.folderWatcher.folders[folder]; }
 
     FakePlatform fake;
     Platform platform = fake.platform();
@@ -55,8 +55,8 @@ bench::Samples networkTick()
     const auto samples = bench::measure(
         2000,
         [&] {
-            machine.fake.network.bytes->received += rate += 300'000; // another text each time
-            machine.fake.network.bytes->sent += rate;
+            machine.fake.networkCounters.bytes->received += rate += 300'000; // another text each time
+            machine.fake.networkCounters.bytes->sent += rate;
         },
         [&] { machine.fake.time.advance(3s); });
     insist(monitor.signals.get().size() == 2, "the network monitor saw no traffic");
@@ -71,16 +71,16 @@ bench::Samples cpuTick()
     for (int pid = 100; pid < 400; ++pid)
         *machine.fake.processStatus.text += fmt::format("{:5} {:5.1f} /usr/bin/program-{}\n", pid, 99.0, pid);
     CPUMonitor monitor(machine.platform, machine.settings);
-    machine.fake.cpu.addCoreLoad(cores - 1, 0);
+    machine.fake.cpuCounters.addCoreLoad(cores - 1, 0);
     monitor.start();
     std::int32_t busy = 50;
     const auto samples = bench::measure(
         2000,
         [&] {
             busy = busy == 50 ? 90 : 50;
-            machine.fake.cpu.addHostLoad(static_cast<std::uint32_t>(busy));
+            machine.fake.cpuCounters.addHostLoad(static_cast<std::uint32_t>(busy));
             for (std::size_t core = 0; core < cores; ++core)
-                machine.fake.cpu.addCoreLoad(core, busy);
+                machine.fake.cpuCounters.addCoreLoad(core, busy);
         },
         [&] { machine.fake.time.advance(5s); });
     insist(!monitor.signals.get().empty(), "the processor monitor saw no load");
@@ -128,23 +128,24 @@ void change(FakePlatform& fake, std::minstd_rand& random)
     const auto below = [&](unsigned bound) { return static_cast<unsigned>(random() % bound); };
     switch (below(7)) {
     case 0:
-        fake.folders.folders[folder] = {{"film.part", fake.time.now()}};
-        fake.folders.notify(folder);
+        fake.folderWatcher.folders[folder] = {{"film.part", fake.time.now()}};
+        fake.folderWatcher.notify(folder);
         break;
     case 1:
-        fake.folders.folders[folder].clear();
-        fake.folders.notify(folder);
+        fake.folderWatcher.folders[folder].clear();
+        fake.folderWatcher.notify(folder);
         break;
     case 2:
-        fake.network.bytes->received += below(9'000'000);
+        fake.networkCounters.bytes->received += below(9'000'000);
         break;
     case 3:
-        fake.cpu.addHostLoad(below(101));
-        fake.cpu.addCoreLoad(below(8), static_cast<std::int32_t>(below(101)));
+        fake.cpuCounters.addHostLoad(below(101));
+        fake.cpuCounters.addCoreLoad(below(8), static_cast<std::int32_t>(below(101)));
         break;
     case 4:
-        below(2) ? fake.applications.run("com.handbrake.HandBrake", "HandBrake") : fake.applications.list.clear();
-        fake.applications.announceChange();
+        below(2) ? fake.runningApplications.run("com.handbrake.HandBrake", "HandBrake")
+                 : fake.runningApplications.list.clear();
+        fake.runningApplications.announceChange();
         break;
     case 5:
         below(2) ? fake.powerSources.setBattery(10 + below(91)) : fake.powerSources.setMains(below(101));

@@ -8,7 +8,6 @@
 #include "platform/linux/LinuxInstalledApplications.h"
 #include "platform/qt/QtMainQueue.h"
 #include "tests/bench/Bench.h"
-#include "tests/bench/RealParts.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -41,16 +40,22 @@ void writeEntries(const std::filesystem::path& folder)
     }
 }
 
-// The picker on real desktop entries; what it does not use is not there.
-struct Subject {
-    explicit Subject(const std::filesystem::path& folder) : installed({folder}) {}
+// Made up but for its queues and its desktop entries.
+struct Machine : FakePlatform {
+    explicit Machine(const std::filesystem::path& folder) : installedApplications({folder}) {}
 
-    FakePlatform fake;
-    QtMainQueue queue;
+    QtMainQueue mainQueue;
     ThreadSerialQueue background{"background"};
-    LinuxInstalledApplications installed;
-    Platform platform =
-        bench::platformOf(fake, {.mainQueue = &queue, .background = &background, .installedApplications = &installed});
+    ThreadSerialQueue applicationFiles{"applicationfiles"};
+    LinuxInstalledApplications installedApplications;
+};
+
+// The picker on the machine.
+struct Subject {
+    explicit Subject(const std::filesystem::path& folder) : machine(folder) {}
+
+    Machine machine;
+    Platform platform = platformOf(machine);
 
     std::unique_ptr<AppPicker> loadedPicker()
     {
@@ -73,7 +78,7 @@ void insist(bool condition, const char* what)
 // From the key to the painted rows: letters that are typed, and the search that is emptied again.
 bench::Samples keys(Subject& subject)
 {
-    subject.fake.appearance.motionIsReduced = true;
+    subject.machine.appearance.motionIsReduced = true;
     QWidget window;
     window.resize(540, 560);
     AppPickerSheet sheet(subject.platform, "de_DE", Look::light, &window);

@@ -6,7 +6,6 @@
 #include "platform/linux/LinuxRunningApplications.h"
 #include "platform/qt/QtMainQueue.h"
 #include "tests/bench/Bench.h"
-#include "tests/bench/RealParts.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -63,23 +62,26 @@ private:
     std::vector<pid_t> m_pids;
 };
 
-// The detector on the real process table; what it does not use is not there.
-struct Subject {
-    FakePlatform fake;
-    QtMainQueue queue;
+// Made up but for its queues and its process table.
+struct Machine : FakePlatform {
+    QtMainQueue mainQueue;
     ThreadSerialQueue background{"background"};
-    LinuxRunningApplications applications{queue, background, background};
-    Platform platform =
-        bench::platformOf(fake, {.mainQueue = &queue, .background = &background, .runningApplications = &applications});
+    LinuxRunningApplications runningApplications{mainQueue, background, background};
+};
+
+// The detector on the machine.
+struct Subject {
+    Machine machine;
+    Platform platform = platformOf(machine);
     ProcessDetector detector{platform};
 
     // What the detector's timer does every ten seconds, up to the moment when its result has been taken.
     void evaluateOnce()
     {
         QEventLoop loop;
-        applications.refresh();
+        machine.runningApplications.refresh();
         detector.appsChanged();
-        background.post([&] { queue.post([&] { loop.quit(); }); }); // behind the walk
+        machine.background.post([&] { machine.mainQueue.post([&] { loop.quit(); }); }); // behind the walk
         loop.exec();
     }
 };

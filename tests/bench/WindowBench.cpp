@@ -17,7 +17,6 @@
 #include "platform/linux/LinuxUserDefaults.h"
 #include "platform/qt/QtMainQueue.h"
 #include "tests/bench/Bench.h"
-#include "tests/bench/RealParts.h"
 #include "tests/shots/History.h"
 #include "text/LocalCalendar.h"
 #include "tray/DesktopStatusItem.h"
@@ -99,27 +98,33 @@ private:
     bool m_isPainted = false;
 };
 
-// The windows over a machine that is made up but for its main queue and its settings file.
+// Made up but for its queues and its settings file.
+struct Machine : FakePlatform {
+    explicit Machine(const std::string& folder) : userDefaults(folder + "/settings.json") {}
+
+    QtMainQueue mainQueue;
+    ThreadSerialQueue background{"background"};
+    ThreadSerialQueue applicationFiles{"applicationfiles"};
+    LinuxUserDefaults userDefaults;
+};
+
+// The windows over the machine.
 struct Subject {
-    explicit Subject(const std::string& folder) : defaults(folder + "/settings.json")
+    explicit Subject(const std::string& folder) : machine(folder)
     {
-        fake.time.setWallClock(madeUpNow());
+        machine.time.setWallClock(madeUpNow());
         engine.activityLog.set(madeUpLog(calendar));
         engine.appUsageTracker().days.set(madeUpUsage(calendar));
         engine.activeSignals.set(madeUpSignals(3, madeUpNow()));
         engine.state.set(WakeState::awake("a reason"));
     }
 
-    FakePlatform fake;
-    QtMainQueue queue;
-    ThreadSerialQueue background{"background"};
-    LinuxUserDefaults defaults;
-    Platform platform =
-        bench::platformOf(fake, {.mainQueue = &queue, .background = &background, .userDefaults = &defaults});
+    Machine machine;
+    Platform platform = platformOf(machine);
     LocalCalendar calendar{"UTC", "en_US"};
     AppSettings settings{platform, calendar};
     WakeEngine engine{platform, settings, calendar};
-    DesktopStatusItem statusItem{queue};
+    DesktopStatusItem statusItem{machine.mainQueue};
     FakeFilePanels panels;
     MenuBarController menuBar{engine, settings, platform, statusItem, &QScreen::availableGeometry, {}};
 };

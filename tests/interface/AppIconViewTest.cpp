@@ -104,7 +104,7 @@ struct AppIconViewTest : AppIconsTest {
 
 TEST_F(AppIconViewTest, ShowsTheIconOnceTheApplicationIsFound)
 {
-    fake.installed.list.push_back({"org.red", "Red", "/red", file("red.png", Qt::red).toStdString()});
+    fake.installedApplications.list.push_back({"org.red", "Red", "/red", file("red.png", Qt::red).toStdString()});
     AppIconView view("org.red", platform(), nullptr);
     EXPECT_EQ(middle(view), QColor(Qt::white));
     time.runPending();
@@ -124,7 +124,7 @@ TEST_F(AppIconViewTest, ShowsTheSymbolOfAnApplicationThatIsNotThere)
 
 TEST_F(AppIconViewTest, ShowsTheSymbolOfAnApplicationWithoutAnIcon)
 {
-    fake.installed.install("org.bare", "Bare");
+    fake.installedApplications.install("org.bare", "Bare");
     AppIconView view("org.bare", platform(), nullptr);
     time.runPending();
     EXPECT_NE(middle(view), QColor(Qt::white));

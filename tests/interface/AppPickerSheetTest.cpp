@@ -38,7 +38,7 @@ struct AppPickerSheetTest : InterfaceFixture {
     AppPickerSheetTest()
     {
         for (const auto* name : {"Blender", "HandBrake", "Safari", "Xcode"})
-            fake.installed.install(std::string("org.") + name, name);
+            fake.installedApplications.install(std::string("org.") + name, name);
         fake.appearance.motionIsReduced = true;
         content.resize(540, 560);
         opener = new WindowButton(QStringLiteral("Add App…"), WindowButton::Kind::ordinary, &content);
@@ -471,7 +471,7 @@ TEST_F(AppPickerSheetTest, DimsWhatIsBehind)
 TEST_F(AppPickerSheetTest, ManyRowsAreScrolledTo)
 {
     for (int i = 0; i < 100; ++i)
-        fake.installed.install("org.more" + std::to_string(i), "More " + std::to_string(i));
+        fake.installedApplications.install("org.more" + std::to_string(i), "More " + std::to_string(i));
     openLoaded();
     EXPECT_TRUE(list().thumb().isVisible());
     press(Qt::Key_Down);

@@ -195,15 +195,15 @@ TEST_F(MenuBarControllerTest, AModeChosenInTheToggleReachesEngineSettingsAndTheM
     QTest::mouseClick(content().modeToggle().buttons()[1], Qt::LeftButton);
     EXPECT_EQ(engine().mode.get(), WakeMode::manual);
     EXPECT_EQ(settings().wakeMode.get(), WakeMode::manual);
-    EXPECT_EQ(std::get<std::string>(fake.defaults.values.at("orrinvale.wakeMode")), "Always Awake");
+    EXPECT_EQ(std::get<std::string>(fake.userDefaults.values.at("orrinvale.wakeMode")), "Always Awake");
     EXPECT_EQ(engine().state.get(), WakeState::awake("Manual mode — always awake")) << "with no tick of the engine's";
-    EXPECT_EQ(fake.power.held.size(), 1u);
+    EXPECT_EQ(fake.powerAssertions.held.size(), 1u);
     QTest::mouseClick(content().modeToggle().buttons()[2], Qt::LeftButton);
-    EXPECT_EQ(std::get<std::string>(fake.defaults.values.at("orrinvale.wakeMode")), "Off");
-    EXPECT_EQ(fake.power.held.size(), 0u);
+    EXPECT_EQ(std::get<std::string>(fake.userDefaults.values.at("orrinvale.wakeMode")), "Off");
+    EXPECT_EQ(fake.powerAssertions.held.size(), 0u);
     QTest::mouseClick(content().modeToggle().buttons()[0], Qt::LeftButton);
     EXPECT_EQ(engine().mode.get(), WakeMode::smart);
-    EXPECT_EQ(std::get<std::string>(fake.defaults.values.at("orrinvale.wakeMode")), "Smart");
+    EXPECT_EQ(std::get<std::string>(fake.userDefaults.values.at("orrinvale.wakeMode")), "Smart");
     EXPECT_TRUE(controller->popover()->isVisible()) << "choosing a mode leaves it open";
 }
 

@@ -31,8 +31,8 @@ struct OnboardingWindowControllerTest : InterfaceFixture {
     }
     bool isStored() const
     {
-        const auto found = fake.defaults.values.find("orrinvale.hasSeenOnboarding");
-        return found != fake.defaults.values.end() && found->second == DefaultsValue(true);
+        const auto found = fake.userDefaults.values.find("orrinvale.hasSeenOnboarding");
+        return found != fake.userDefaults.values.end() && found->second == DefaultsValue(true);
     }
 
     std::unique_ptr<OnboardingWindowController> made;
@@ -90,11 +90,11 @@ TEST_F(OnboardingWindowControllerTest, ReturnStoresAndCloses)
 TEST_F(OnboardingWindowControllerTest, ShowingItStoresNothing)
 {
     settings();
-    const auto writes = fake.defaults.writes;
+    const auto writes = fake.userDefaults.writes;
     open();
     settle();
     made.reset();
-    EXPECT_EQ(fake.defaults.writes, writes);
+    EXPECT_EQ(fake.userDefaults.writes, writes);
 }
 
 TEST_F(OnboardingWindowControllerTest, EscapeDoesNotCloseIt)

@@ -50,8 +50,9 @@ struct SettingsViewTest : InterfaceFixture {
     // What the settings keep of a value, under the whole key.
     DefaultsValue stored(const std::string& name) const
     {
-        const auto found = fake.defaults.values.find("orrinvale." + name);
-        return found == fake.defaults.values.end() ? DefaultsValue(std::string("nothing is stored")) : found->second;
+        const auto found = fake.userDefaults.values.find("orrinvale." + name);
+        return found == fake.userDefaults.values.end() ? DefaultsValue(std::string("nothing is stored"))
+                                                       : found->second;
     }
     std::vector<CustomProcess> storedProcesses() const
     {
@@ -206,11 +207,11 @@ TEST_F(SettingsViewTest, TheCardsWidenWithTheWindowAndTheSwitchesStayAtTheRight)
 
 TEST_F(SettingsViewTest, ShowingItWritesNothing)
 {
-    fake.defaults.values["orrinvale.cpuSensitivity"] = 1.7;
-    fake.defaults.values["orrinvale.lowBatteryThreshold"] = std::int64_t{-5};
+    fake.userDefaults.values["orrinvale.cpuSensitivity"] = 1.7;
+    fake.userDefaults.values["orrinvale.lowBatteryThreshold"] = std::int64_t{-5};
     settings();
-    const auto before = fake.defaults.values;
-    const auto writes = fake.defaults.writes;
+    const auto before = fake.userDefaults.values;
+    const auto writes = fake.userDefaults.writes;
     view();
     watch({}); // one write of the test's own
     for (const auto look : allLooks)
@@ -220,17 +221,17 @@ TEST_F(SettingsViewTest, ShowingItWritesNothing)
     settle();
     made.reset();
     settle();
-    EXPECT_EQ(fake.defaults.writes, writes + 1);
+    EXPECT_EQ(fake.userDefaults.writes, writes + 1);
     EXPECT_EQ(std::get<double>(stored("cpuSensitivity")), 1.7);
     EXPECT_EQ(settings().cpuSensitivity.get(), 1.7);
     EXPECT_THAT(fake.loginItem.calls, IsEmpty());
     for (const auto& [key, value] : before)
-        EXPECT_EQ(fake.defaults.values[key], value) << key;
+        EXPECT_EQ(fake.userDefaults.values[key], value) << key;
 }
 
 TEST_F(SettingsViewTest, ASensitivityBeyondTheEndIsShownAtTheEnd)
 {
-    fake.defaults.values["orrinvale.cpuSensitivity"] = 1.7;
+    fake.userDefaults.values["orrinvale.cpuSensitivity"] = 1.7;
     auto& slider = view().sensitivity().slider();
     EXPECT_EQ(slider.value(), 1.7);
     EXPECT_EQ(slider.knobRect().right(), shownRect(slider).right() + 1);
@@ -275,13 +276,13 @@ TEST_P(SettingsToggleTest, ShowsItsSetting)
 TEST_P(SettingsToggleTest, WritesItsSettingAndNoOtherAtOnce)
 {
     row();
-    const auto before = fake.defaults.values;
+    const auto before = fake.userDefaults.values;
     QTest::mouseClick(&row(), Qt::LeftButton, {}, {10, 10});
     EXPECT_EQ(setting().get(), !GetParam().byDefault);
     EXPECT_EQ(std::get<bool>(stored(GetParam().key)), !GetParam().byDefault);
     auto expected = before;
     expected["orrinvale." + std::string(GetParam().key)] = !GetParam().byDefault;
-    EXPECT_EQ(fake.defaults.values, expected);
+    EXPECT_EQ(fake.userDefaults.values, expected);
     settle();
     EXPECT_EQ(row().isOn(), !GetParam().byDefault);
     QTest::keyClick(&row(), Qt::Key_Space);
@@ -291,14 +292,14 @@ TEST_P(SettingsToggleTest, WritesItsSettingAndNoOtherAtOnce)
 TEST_P(SettingsToggleTest, FollowsWhatIsChangedElsewhere)
 {
     row();
-    const auto writes = fake.defaults.writes;
+    const auto writes = fake.userDefaults.writes;
     setting().set(!GetParam().byDefault);
     settle();
     EXPECT_EQ(row().isOn(), !GetParam().byDefault);
     setting().set(GetParam().byDefault);
     settle();
     EXPECT_EQ(row().isOn(), GetParam().byDefault);
-    EXPECT_EQ(fake.defaults.writes, writes + 2);
+    EXPECT_EQ(fake.userDefaults.writes, writes + 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(Toggles, SettingsToggleTest, testing::ValuesIn(toggles),
@@ -449,11 +450,11 @@ TEST_F(SettingsViewTest, ChooseAsksForAFolder)
 TEST_F(SettingsViewTest, ACancelledChoiceLeavesTheFolder)
 {
     press(view().downloadsFolder().button());
-    const auto writes = fake.defaults.writes;
+    const auto writes = fake.userDefaults.writes;
     panels.choose(std::nullopt);
     settle();
     EXPECT_EQ(settings().downloadsFolderPath.get(), "/home/anna/Downloads");
-    EXPECT_EQ(fake.defaults.writes, writes);
+    EXPECT_EQ(fake.userDefaults.writes, writes);
 }
 
 TEST_F(SettingsViewTest, AChoiceAfterTheWindowIsGoneIsDropped)

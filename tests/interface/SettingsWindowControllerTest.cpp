@@ -65,18 +65,18 @@ TEST_F(SettingsWindowControllerTest, ComesInFrontOfWhatIsThere)
 
 TEST_F(SettingsWindowControllerTest, OpeningWritesNothing)
 {
-    fake.defaults.values["orrinvale.cpuSensitivity"] = 1.7;
+    fake.userDefaults.values["orrinvale.cpuSensitivity"] = 1.7;
     settings();
-    const auto before = fake.defaults.values;
-    const auto writes = fake.defaults.writes;
+    const auto before = fake.userDefaults.values;
+    const auto writes = fake.userDefaults.writes;
     open();
     settle();
     controller().window().close();
     open();
     settle();
     made.reset();
-    EXPECT_EQ(fake.defaults.writes, writes);
-    EXPECT_EQ(fake.defaults.values, before);
+    EXPECT_EQ(fake.userDefaults.writes, writes);
+    EXPECT_EQ(fake.userDefaults.values, before);
 }
 
 TEST_F(SettingsWindowControllerTest, TheSakuraTileDressesTheWindow)

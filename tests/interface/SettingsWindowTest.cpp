@@ -22,7 +22,7 @@ namespace
 struct SettingsWindowTest : InterfaceFixture {
     SettingsWindowTest()
     {
-        fake.installed.install("org.Blender", "Blender");
+        fake.installedApplications.install("org.Blender", "Blender");
         fake.appearance.motionIsReduced = true;
         controller = std::make_unique<SettingsWindowController>(
             settings(), platform(), SettingsView::Surroundings{panels, [](const auto&) { return new QWidget; }, {}});
@@ -92,7 +92,7 @@ TEST_F(SettingsWindowTest, ThePickerIsFreshEachTime)
     EXPECT_EQ(second.searchField().line().text(), QString());
     EXPECT_EQ(second.labelField().line().text(), QString());
     EXPECT_FALSE(second.picker().selectedApp());
-    EXPECT_EQ(fake.installed.scans, 2);
+    EXPECT_EQ(fake.installedApplications.scans, 2);
 }
 
 TEST_F(SettingsWindowTest, ThePickerGoesWhenTheWindowIsClosed)

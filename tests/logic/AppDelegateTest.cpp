@@ -52,8 +52,8 @@ struct AppDelegateTest : LogicFixture {
     }
     void wakeFor(const std::string& label)
     {
-        fake.applications.list.clear();
-        fake.applications.run("org.example.App", "App");
+        fake.runningApplications.list.clear();
+        fake.runningApplications.run("org.example.App", "App");
         settings().customProcesses.set({{UUID::random(), "org.example.App", label, 3}});
         time.runPending();
     }
@@ -66,10 +66,10 @@ struct AppDelegateTest : LogicFixture {
 TEST_F(AppDelegateTest, TheLaunchAsksForAuthorizationAppliesTheThemeAndShowsTheItem)
 {
     launch();
-    EXPECT_EQ(fake.notifications.authorizationRequests, 1);
+    EXPECT_EQ(fake.userNotifications.authorizationRequests, 1);
     EXPECT_THAT(fake.appearance.applied, ElementsAre(AppearanceChoice::light));
     EXPECT_EQ(interface.items, 1);
-    EXPECT_THAT(fake.notifications.calls, IsEmpty());
+    EXPECT_THAT(fake.userNotifications.calls, IsEmpty());
 }
 
 TEST_F(AppDelegateTest, OnboardingIsShownWhileItHasNotBeenSeen)
@@ -103,10 +103,10 @@ TEST_F(AppDelegateTest, BecomingAwakePostsTheReason)
 {
     launch();
     wakeFor("Rendering");
-    ASSERT_EQ(fake.notifications.posted.size(), 1u);
-    EXPECT_EQ(fake.notifications.posted[0].identifier, "orrinvale.active");
-    EXPECT_EQ(fake.notifications.posted[0].title, "orrinvale Active");
-    EXPECT_EQ(fake.notifications.posted[0].body, "Rendering");
+    ASSERT_EQ(fake.userNotifications.posted.size(), 1u);
+    EXPECT_EQ(fake.userNotifications.posted[0].identifier, "orrinvale.active");
+    EXPECT_EQ(fake.userNotifications.posted[0].title, "orrinvale Active");
+    EXPECT_EQ(fake.userNotifications.posted[0].body, "Rendering");
 }
 
 TEST_F(AppDelegateTest, AnotherReasonPostsNothing)
@@ -114,7 +114,7 @@ TEST_F(AppDelegateTest, AnotherReasonPostsNothing)
     launch();
     wakeFor("a");
     wakeFor("b");
-    EXPECT_EQ(fake.notifications.posted.size(), 1u);
+    EXPECT_EQ(fake.userNotifications.posted.size(), 1u);
 }
 
 TEST_F(AppDelegateTest, TheCooldownPostsOneInactiveNotificationAtItsStart)
@@ -123,12 +123,12 @@ TEST_F(AppDelegateTest, TheCooldownPostsOneInactiveNotificationAtItsStart)
     wakeFor("a");
     settings().customProcesses.set({});
     time.runPending();
-    EXPECT_THAT(fake.notifications.calls,
+    EXPECT_THAT(fake.userNotifications.calls,
                 ElementsAre("post orrinvale.active", "remove orrinvale.active", "post orrinvale.idle"));
-    EXPECT_EQ(fake.notifications.posted[1].title, "orrinvale Inactive");
-    EXPECT_EQ(fake.notifications.posted[1].body, "Mac is allowed to sleep again");
+    EXPECT_EQ(fake.userNotifications.posted[1].title, "orrinvale Inactive");
+    EXPECT_EQ(fake.userNotifications.posted[1].body, "Mac is allowed to sleep again");
     time.advance(60s);
-    EXPECT_EQ(fake.notifications.calls.size(), 3u);
+    EXPECT_EQ(fake.userNotifications.calls.size(), 3u);
 }
 
 TEST_F(AppDelegateTest, SwitchedOffNotificationsStillRemoveAndFollowTheState)
@@ -137,23 +137,23 @@ TEST_F(AppDelegateTest, SwitchedOffNotificationsStillRemoveAndFollowTheState)
     wakeFor("a");
     settings().notificationsEnabled.set(false);
     choose(WakeMode::off);
-    EXPECT_THAT(fake.notifications.calls, ElementsAre("post orrinvale.active", "remove orrinvale.active"));
+    EXPECT_THAT(fake.userNotifications.calls, ElementsAre("post orrinvale.active", "remove orrinvale.active"));
     choose(WakeMode::manual);
     settings().notificationsEnabled.set(true);
     time.advance(60s);
-    EXPECT_EQ(fake.notifications.posted.size(), 1u);
+    EXPECT_EQ(fake.userNotifications.posted.size(), 1u);
 }
 
 TEST_F(AppDelegateTest, TheTerminationFreesTheAssertionAndStopsEverything)
 {
     launch();
     choose(WakeMode::manual);
-    ASSERT_EQ(fake.power.held.size(), 1u);
+    ASSERT_EQ(fake.powerAssertions.held.size(), 1u);
     delegate->applicationWillTerminate();
-    EXPECT_TRUE(fake.power.held.empty());
+    EXPECT_TRUE(fake.powerAssertions.held.empty());
     EXPECT_EQ(time.timerCount(), 0u);
     delegate->applicationWillTerminate();
-    EXPECT_EQ(fake.power.released.size(), 1u);
+    EXPECT_EQ(fake.powerAssertions.released.size(), 1u);
 }
 
 TEST_F(AppDelegateTest, TheTerminationWithdrawsWhatStandsOnce)
@@ -162,34 +162,34 @@ TEST_F(AppDelegateTest, TheTerminationWithdrawsWhatStandsOnce)
     wakeFor("a");
     delegate->applicationWillTerminate();
     delegate->applicationWillTerminate();
-    EXPECT_THAT(fake.notifications.calls, ElementsAre("post orrinvale.active", "remove orrinvale.active",
-                                                      "remove orrinvale.idle", "remove orrinvale.not-held"));
+    EXPECT_THAT(fake.userNotifications.calls, ElementsAre("post orrinvale.active", "remove orrinvale.active",
+                                                          "remove orrinvale.idle", "remove orrinvale.not-held"));
 }
 
 TEST_F(AppDelegateTest, AFailureToHoldIsToldOnceASession)
 {
-    fake.power.status = -95;
+    fake.powerAssertions.status = -95;
     launch();
     wakeFor("a");
-    EXPECT_THAT(fake.notifications.calls, ElementsAre("post orrinvale.active", "post orrinvale.not-held"));
-    EXPECT_EQ(fake.notifications.posted.back().title, "Sleep cannot be held off");
+    EXPECT_THAT(fake.userNotifications.calls, ElementsAre("post orrinvale.active", "post orrinvale.not-held"));
+    EXPECT_EQ(fake.userNotifications.posted.back().title, "Sleep cannot be held off");
     choose(WakeMode::off);
-    fake.notifications.calls.clear();
+    fake.userNotifications.calls.clear();
     choose(WakeMode::manual);
-    EXPECT_THAT(fake.notifications.calls, ElementsAre("post orrinvale.active"));
+    EXPECT_THAT(fake.userNotifications.calls, ElementsAre("post orrinvale.active"));
 }
 
 TEST_F(AppDelegateTest, AFailureToHoldIsNotToldToWhoWantsNoNotifications)
 {
-    fake.power.status = -95;
+    fake.powerAssertions.status = -95;
     settings().notificationsEnabled.set(false);
     launch();
     wakeFor("a");
-    EXPECT_THAT(fake.notifications.calls, IsEmpty());
+    EXPECT_THAT(fake.userNotifications.calls, IsEmpty());
     choose(WakeMode::off);
     settings().notificationsEnabled.set(true);
     choose(WakeMode::manual);
-    EXPECT_EQ(fake.notifications.posted.back().identifier, "orrinvale.not-held");
+    EXPECT_EQ(fake.userNotifications.posted.back().identifier, "orrinvale.not-held");
 }
 
 TEST_F(AppDelegateTest, FeedbackIsAskedForAtTheHourlyCheckAfterThreeDays)
@@ -229,7 +229,7 @@ TEST_F(AppDelegateTest, TheMarkIsStoredBeforeAnythingIsShown)
     settings().hasSeenOnboarding.set(true);
     time.sleepMachineFor(3 * 24h);
     interface.onFeedback = [&] {
-        EXPECT_EQ(fake.defaults.object("orrinvale.hasShownFeedbackPrompt"), DefaultsValue(true));
+        EXPECT_EQ(fake.userDefaults.object("orrinvale.hasShownFeedbackPrompt"), DefaultsValue(true));
     };
     launch();
     EXPECT_EQ(interface.feedbacks, 1);

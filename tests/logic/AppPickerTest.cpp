@@ -14,9 +14,9 @@ namespace
 struct AppPickerTest : LogicFixture {
     AppPickerTest()
     {
-        fake.installed.install("com.apple.Safari", "Safari");
-        fake.installed.install("com.apple.dt.Xcode", "Xcode");
-        fake.installed.install("org.blender", "Blender");
+        fake.installedApplications.install("com.apple.Safari", "Safari");
+        fake.installedApplications.install("com.apple.dt.Xcode", "Xcode");
+        fake.installedApplications.install("org.blender", "Blender");
     }
 
     // As the sheet does when it appears.
@@ -56,7 +56,7 @@ TEST_F(AppPickerTest, AppearsAtOnceAndLoadsInTheBackground)
     EXPECT_EQ(picker->searchText(), "");
     EXPECT_FALSE(picker->selectedApp());
     EXPECT_EQ(picker->labelText(), "");
-    EXPECT_EQ(fake.installed.scans, 0);
+    EXPECT_EQ(fake.installedApplications.scans, 0);
     time.runPending();
     EXPECT_FALSE(picker->isLoading());
     EXPECT_EQ(loaded, 1);
@@ -65,7 +65,7 @@ TEST_F(AppPickerTest, AppearsAtOnceAndLoadsInTheBackground)
 
 TEST_F(AppPickerTest, AnEmptyResultIsAnEmptyListOnceLoadingEnds)
 {
-    fake.installed.list.clear();
+    fake.installedApplications.list.clear();
     appearLoaded();
     EXPECT_FALSE(picker->isLoading());
     EXPECT_EQ(loaded, 1);
@@ -75,9 +75,9 @@ TEST_F(AppPickerTest, AnEmptyResultIsAnEmptyListOnceLoadingEnds)
 TEST_F(AppPickerTest, ListsWhatRunsAfterAFreshLook)
 {
     appear();
-    EXPECT_EQ(fake.applications.refreshes, 1);
-    fake.applications.run("org.elsewhere", "Elsewhere"); // what the look finds
-    fake.applications.list.push_back({"org.agent", "Agent", {}, ActivationPolicy::accessory});
+    EXPECT_EQ(fake.runningApplications.refreshes, 1);
+    fake.runningApplications.run("org.elsewhere", "Elsewhere"); // what the look finds
+    fake.runningApplications.list.push_back({"org.agent", "Agent", {}, ActivationPolicy::accessory});
     time.runPending();
     EXPECT_THAT(rows(), ElementsAre("Blender", "Elsewhere", "Safari", "Xcode"));
     EXPECT_EQ(picker->app(1).path, "");
@@ -88,9 +88,9 @@ TEST_F(AppPickerTest, EveryAppearanceScansAnew)
     appearLoaded();
     picker->setSearchText("saf");
     picker->select(0);
-    fake.installed.install("org.new", "New");
+    fake.installedApplications.install("org.new", "New");
     appearLoaded();
-    EXPECT_EQ(fake.installed.scans, 2);
+    EXPECT_EQ(fake.installedApplications.scans, 2);
     EXPECT_THAT(rows(), ElementsAre("Blender", "New", "Safari", "Xcode"));
     EXPECT_EQ(picker->searchText(), "");
     EXPECT_FALSE(picker->selectedApp());
@@ -106,15 +106,15 @@ TEST_F(AppPickerTest, DismissalBeforeTheScanSavesIt)
     fake.background->post([this] { static_cast<MainQueue&>(time).post([this] { picker.reset(); }); });
     time.runPending();
     EXPECT_EQ(loaded, 0);
-    EXPECT_EQ(fake.installed.scans, 0);
+    EXPECT_EQ(fake.installedApplications.scans, 0);
 }
 
 TEST_F(AppPickerTest, DismissalDuringTheScanIsHarmless)
 {
     appear();
-    fake.installed.onScan = [this] { static_cast<MainQueue&>(time).post([this] { picker.reset(); }); };
+    fake.installedApplications.onScan = [this] { static_cast<MainQueue&>(time).post([this] { picker.reset(); }); };
     time.runPending();
-    EXPECT_EQ(fake.installed.scans, 1);
+    EXPECT_EQ(fake.installedApplications.scans, 1);
     EXPECT_EQ(loaded, 0);
 }
 
@@ -140,7 +140,7 @@ TEST_F(AppPickerTest, SearchDoesNotLookAtIdentifiers)
 
 TEST_F(AppPickerTest, SearchTakesTheTextAsItIs)
 {
-    fake.installed.install("org.notes", "Handy Notes");
+    fake.installedApplications.install("org.notes", "Handy Notes");
     appearLoaded();
     picker->setSearchText(" ");
     EXPECT_THAT(rows(), ElementsAre("Handy Notes"));
@@ -279,7 +279,7 @@ TEST_F(AppPickerTest, MayBeDestroyedByItsDismissal)
 
 TEST_F(AppPickerTest, SearchFollowsTheLanguage)
 {
-    fake.installed.install("org.tr", "İSTANBUL");
+    fake.installedApplications.install("org.tr", "İSTANBUL");
     picker = std::make_unique<AppPicker>(platform(), "tr_TR");
     time.runPending();
     picker->setSearchText("istan");

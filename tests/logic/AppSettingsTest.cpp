@@ -11,9 +11,9 @@ namespace
 struct AppSettingsTest : LogicFixture {
     void store(const std::string& name, DefaultsValue value)
     {
-        fake.defaults.values["orrinvale." + name] = std::move(value);
+        fake.userDefaults.values["orrinvale." + name] = std::move(value);
     }
-    DefaultsValue stored(const std::string& name) { return fake.defaults.values.at("orrinvale." + name); }
+    DefaultsValue stored(const std::string& name) { return fake.userDefaults.values.at("orrinvale." + name); }
 };
 
 TEST_F(AppSettingsTest, AFreshStoreYieldsTheDefaultsAndRecordsTheFirstLaunch)
@@ -34,7 +34,7 @@ TEST_F(AppSettingsTest, AFreshStoreYieldsTheDefaultsAndRecordsTheFirstLaunch)
     EXPECT_FALSE(s.hasSeenOnboarding.get());
     EXPECT_FALSE(s.hasShownFeedbackPrompt.get());
     EXPECT_EQ(s.firstLaunchDate.get(), time.now());
-    EXPECT_EQ(fake.defaults.values.size(), 1u);
+    EXPECT_EQ(fake.userDefaults.values.size(), 1u);
     EXPECT_EQ(std::get<Instant>(stored("firstLaunchDate")), time.now());
     EXPECT_TRUE(fake.loginItem.calls.empty());
 }
@@ -109,7 +109,7 @@ TEST_F(AppSettingsTest, WithoutADownloadsFolderItIsTheOneInTheHome)
 {
     fake.applicationSupport.downloads.reset();
     EXPECT_EQ(settings().downloadsFolderPath.get(), "/home/anna/Downloads");
-    EXPECT_FALSE(fake.defaults.values.contains("orrinvale.downloadsFolderPath"));
+    EXPECT_FALSE(fake.userDefaults.values.contains("orrinvale.downloadsFolderPath"));
 }
 
 TEST_F(AppSettingsTest, ARowWithoutScoreYieldsAnEmptyListAndTheDataStays)
@@ -184,7 +184,7 @@ TEST_F(AppSettingsTest, ASynchronousObserverHearsOfTheValueBeforeItIsStored)
     settings().lowBatteryThreshold.set(30);
     std::optional<DefaultsValue> seen;
     const auto token = settings().lowBatteryThreshold.observe(
-        [&](std::int64_t) { seen = fake.defaults.object("orrinvale.lowBatteryThreshold"); }, Deliver::changesOnly);
+        [&](std::int64_t) { seen = fake.userDefaults.object("orrinvale.lowBatteryThreshold"); }, Deliver::changesOnly);
     settings().lowBatteryThreshold.set(40);
     EXPECT_EQ(*seen, DefaultsValue(std::int64_t(30)));
 }
@@ -192,9 +192,9 @@ TEST_F(AppSettingsTest, ASynchronousObserverHearsOfTheValueBeforeItIsStored)
 TEST_F(AppSettingsTest, EqualValuesAreWrittenAndActedOnAgain)
 {
     settings().launchAtLogin.set(true);
-    const auto writes = fake.defaults.writes;
+    const auto writes = fake.userDefaults.writes;
     settings().launchAtLogin.set(true);
-    EXPECT_EQ(fake.defaults.writes, writes + 1);
+    EXPECT_EQ(fake.userDefaults.writes, writes + 1);
     EXPECT_EQ(fake.loginItem.calls, (std::vector{true, true}));
 }
 

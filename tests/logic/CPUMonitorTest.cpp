@@ -16,13 +16,13 @@ const std::string header = "  PID  %CPU COMMAND\n";
 struct CPUMonitorTest : LogicFixture {
     void sample(std::uint32_t overall, std::int32_t core = 0)
     {
-        fake.cpu.addHostLoad(overall);
-        fake.cpu.addCoreLoad(0, core);
+        fake.cpuCounters.addHostLoad(overall);
+        fake.cpuCounters.addCoreLoad(0, core);
         time.advance(5s);
     }
     void startAndRun()
     {
-        fake.cpu.addCoreLoad(0, 0);
+        fake.cpuCounters.addCoreLoad(0, 0);
         monitor->start();
         time.runPending();
     }
@@ -39,7 +39,7 @@ struct CPUMonitorTest : LogicFixture {
 
 TEST_F(CPUMonitorTest, TheFirstTickComparesAgainstThePrimingMeasurement)
 {
-    fake.cpu.addHostLoad(100); // long before the start
+    fake.cpuCounters.addHostLoad(100); // long before the start
     startAndRun();
     sample(0);
     sample(90);
@@ -93,8 +93,8 @@ TEST_F(CPUMonitorTest, HalvesAreRoundedAwayFromZero)
 {
     startAndRun();
     for (int i = 0; i < 2; ++i) {
-        fake.cpu.answer.ticks.user += 139;
-        fake.cpu.answer.ticks.idle += 61; // 69.5 %
+        fake.cpuCounters.answer.ticks.user += 139;
+        fake.cpuCounters.answer.ticks.idle += 61; // 69.5 %
         time.advance(5s);
     }
     EXPECT_THAT(details(), ElementsAre("High CPU load at 70 %"));
@@ -104,9 +104,9 @@ TEST_F(CPUMonitorTest, SystemAndNiceCountAsBusy)
 {
     startAndRun();
     for (int i = 0; i < 2; ++i) {
-        fake.cpu.answer.ticks.system += 20;
-        fake.cpu.answer.ticks.nice += 25;
-        fake.cpu.answer.ticks.idle += 55;
+        fake.cpuCounters.answer.ticks.system += 20;
+        fake.cpuCounters.answer.ticks.nice += 25;
+        fake.cpuCounters.answer.ticks.idle += 55;
         time.advance(5s);
     }
     EXPECT_THAT(details(), ElementsAre("Elevated CPU usage at 45 %"));
@@ -115,7 +115,7 @@ TEST_F(CPUMonitorTest, SystemAndNiceCountAsBusy)
 TEST_F(CPUMonitorTest, TheCauseIsNamedWithItsApplication)
 {
     fake.processStatus.text = header + " 4242 187.0 /opt/My Tools/ffmpeg\n";
-    fake.applications.list.push_back({"org.example.Encoder", "Encoder", "/usr/lib/encoder/ffmpeg"});
+    fake.runningApplications.list.push_back({"org.example.Encoder", "Encoder", "/usr/lib/encoder/ffmpeg"});
     startAndRun();
     sample(87);
     sample(87);
@@ -127,7 +127,7 @@ TEST_F(CPUMonitorTest, TheCauseIsNamedWithItsApplication)
 TEST_F(CPUMonitorTest, ACauseThatIsNoApplicationGoesByItsName)
 {
     fake.processStatus.text = header + "4242 99.0 cc1plus\n";
-    fake.applications.run("org.example.NoPath", "cc1plus");
+    fake.runningApplications.run("org.example.NoPath", "cc1plus");
     startAndRun();
     sample(87);
     sample(87);
@@ -211,10 +211,10 @@ TEST_F(CPUMonitorTest, SwitchedOffItClearsMeasuresNothingAndCountsAnew)
     sample(45);
     sample(45);
     settings().cpuSignalEnabled.set(false);
-    const auto reads = fake.cpu.hostReads;
+    const auto reads = fake.cpuCounters.hostReads;
     sample(45);
     EXPECT_THAT(details(), IsEmpty());
-    EXPECT_EQ(fake.cpu.hostReads, reads);
+    EXPECT_EQ(fake.cpuCounters.hostReads, reads);
     settings().cpuSignalEnabled.set(true);
     sample(45);
     EXPECT_THAT(details(), IsEmpty());
@@ -226,11 +226,11 @@ TEST_F(CPUMonitorTest, AHostFailureIsALineALoadOfZeroAndKeepsTheSnapshot)
 {
     startAndRun();
     sample(45);
-    fake.cpu.answer.status = 5;
+    fake.cpuCounters.answer.status = 5;
     testing::internal::CaptureStdout();
     time.advance(5s);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "⚠️ CPUMonitor: host_statistics failed (5)\n");
-    fake.cpu.answer.status = 0;
+    fake.cpuCounters.answer.status = 0;
     sample(45);
     EXPECT_THAT(details(), IsEmpty());
     sample(45);
@@ -240,9 +240,9 @@ TEST_F(CPUMonitorTest, AHostFailureIsALineALoadOfZeroAndKeepsTheSnapshot)
 TEST_F(CPUMonitorTest, WithoutCoresThePeakIsTheWholeMachine)
 {
     monitor->start();
-    fake.cpu.addHostLoad(50);
+    fake.cpuCounters.addHostLoad(50);
     time.advance(5s);
-    fake.cpu.addHostLoad(50);
+    fake.cpuCounters.addHostLoad(50);
     time.advance(5s);
     EXPECT_THAT(details(), ElementsAre("High CPU load at 50 %"));
 }
@@ -251,8 +251,8 @@ TEST_F(CPUMonitorTest, RestartedCountersGiveNoLoad)
 {
     startAndRun();
     sample(60, 60);
-    fake.cpu.answer.ticks = {0, 0, 0, 0};
-    fake.cpu.cores->assign(4, 0);
+    fake.cpuCounters.answer.ticks = {0, 0, 0, 0};
+    fake.cpuCounters.cores->assign(4, 0);
     time.advance(5s);
     EXPECT_THAT(details(), IsEmpty());
 }
@@ -260,9 +260,9 @@ TEST_F(CPUMonitorTest, RestartedCountersGiveNoLoad)
 TEST_F(CPUMonitorTest, AMachineThatGainsCoresIsMeasuredOverTheKnownOnes)
 {
     startAndRun();
-    fake.cpu.addCoreLoad(7, 100);
+    fake.cpuCounters.addCoreLoad(7, 100);
     sample(10, 95);
-    fake.cpu.addCoreLoad(7, 100);
+    fake.cpuCounters.addCoreLoad(7, 100);
     sample(10, 5);
     EXPECT_THAT(details(), ElementsAre("High CPU load at 100 %"));
 }
@@ -285,8 +285,8 @@ using CPUMonitorDeathTest = CPUMonitorTest;
 TEST_F(CPUMonitorDeathTest, OverflowingCoreTicksAreFatal)
 {
     startAndRun();
-    (*fake.cpu.cores)[0] = INT32_MAX;
-    (*fake.cpu.cores)[1] = INT32_MAX;
+    (*fake.cpuCounters.cores)[0] = INT32_MAX;
+    (*fake.cpuCounters.cores)[1] = INT32_MAX;
     EXPECT_DEATH(time.advance(5s), "processor ticks overflow 32 bits");
 }
 

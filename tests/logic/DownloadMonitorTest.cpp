@@ -17,11 +17,12 @@ namespace
 const std::string folder = "/home/anna/Downloads";
 
 struct DownloadMonitorTest : LogicFixture {
-    DownloadMonitorTest() { fake.folders.folders[folder]; }
+    DownloadMonitorTest() { fake.folderWatcher.folders[folder]; }
 
     void put(const std::string& name, std::chrono::nanoseconds age = 0s)
     {
-        fake.folders.folders[folder].push_back({name, time.now() - std::chrono::duration_cast<Instant::duration>(age)});
+        fake.folderWatcher.folders[folder].push_back(
+            {name, time.now() - std::chrono::duration_cast<Instant::duration>(age)});
     }
     void start()
     {
@@ -129,7 +130,7 @@ TEST_F(DownloadMonitorTest, AFolderEventScansAtOnce)
 {
     start();
     put("film.part");
-    fake.folders.notify(folder);
+    fake.folderWatcher.notify(folder);
     time.runPending();
     EXPECT_THAT(details(), ElementsAre("Downloading film.part"));
 }
@@ -137,19 +138,19 @@ TEST_F(DownloadMonitorTest, AFolderEventScansAtOnce)
 TEST_F(DownloadMonitorTest, EventsWhileAScanIsPendingCoalesce)
 {
     start();
-    const auto before = fake.folders.listings;
+    const auto before = fake.folderWatcher.listings;
     for (int i = 0; i < 50; ++i)
-        fake.folders.notify(folder);
+        fake.folderWatcher.notify(folder);
     time.runPending();
-    EXPECT_LE(fake.folders.listings - before, 2);
-    EXPECT_GE(fake.folders.listings - before, 1);
+    EXPECT_LE(fake.folderWatcher.listings - before, 2);
+    EXPECT_GE(fake.folderWatcher.listings - before, 1);
 }
 
 TEST_F(DownloadMonitorTest, AMissingFolderIsOneLineAndPollsLeaveTheSignalsAlone)
 {
     put("film.part");
     start();
-    fake.folders.folders.clear();
+    fake.folderWatcher.folders.clear();
     testing::internal::CaptureStdout();
     settings().downloadsFolderPath.set("/nowhere");
     time.runPending();
@@ -160,7 +161,7 @@ TEST_F(DownloadMonitorTest, AMissingFolderIsOneLineAndPollsLeaveTheSignalsAlone)
 
 TEST_F(DownloadMonitorTest, AFolderMadeAgainIsSeenByTheNextPoll)
 {
-    fake.folders.folders.clear();
+    fake.folderWatcher.folders.clear();
     testing::internal::CaptureStdout();
     start();
     testing::internal::GetCapturedStdout();
@@ -172,23 +173,23 @@ TEST_F(DownloadMonitorTest, AFolderMadeAgainIsSeenByTheNextPoll)
 TEST_F(DownloadMonitorTest, ANewPathIsWatchedAndScannedAtOnce)
 {
     start();
-    fake.folders.folders["/elsewhere"] = {{"other.part", time.now()}};
+    fake.folderWatcher.folders["/elsewhere"] = {{"other.part", time.now()}};
     settings().downloadsFolderPath.set("/elsewhere");
     time.runPending();
     EXPECT_THAT(details(), ElementsAre("Downloading other.part"));
-    EXPECT_THAT(fake.folders.watched, ElementsAre(folder, "/elsewhere"));
-    EXPECT_EQ(fake.folders.liveWatches(), 1u);
+    EXPECT_THAT(fake.folderWatcher.watched, ElementsAre(folder, "/elsewhere"));
+    EXPECT_EQ(fake.folderWatcher.liveWatches(), 1u);
 }
 
 TEST_F(DownloadMonitorTest, AResultForAnEarlierPathIsDropped)
 {
     put("old.part");
     start();
-    fake.folders.folders["/elsewhere"] = {};
+    fake.folderWatcher.folders["/elsewhere"] = {};
     std::vector<std::size_t> sizes;
     const auto token =
         monitor->signals.observe([&](const auto& list) { sizes.push_back(list.size()); }, Deliver::changesOnly);
-    fake.folders.notify(folder);
+    fake.folderWatcher.notify(folder);
     settings().downloadsFolderPath.set("/elsewhere");
     time.runPending();
     EXPECT_TRUE(monitor->signals.get().empty());
@@ -198,7 +199,7 @@ TEST_F(DownloadMonitorTest, AResultForAnEarlierPathIsDropped)
 TEST_F(DownloadMonitorTest, AFolderThatFailsToOpenIsToldOnceForEachPath)
 {
     start();
-    fake.folders.folders.clear();
+    fake.folderWatcher.folders.clear();
     testing::internal::CaptureStdout();
     for (const auto* path : {"/nowhere", "/nowhere else"}) {
         settings().downloadsFolderPath.set(path);
@@ -211,60 +212,60 @@ TEST_F(DownloadMonitorTest, AFolderThatFailsToOpenIsToldOnceForEachPath)
 
 TEST_F(DownloadMonitorTest, AWatchThatComesLateForAnEarlierPathIsDropped)
 {
-    fake.folders.folders["/elsewhere"] = {{"other.part", time.now()}};
-    fake.folders.whileOpening = [this] {
+    fake.folderWatcher.folders["/elsewhere"] = {{"other.part", time.now()}};
+    fake.folderWatcher.whileOpening = [this] {
         settings().downloadsFolderPath.set("/elsewhere");
         time.runPending();
     };
     start();
-    EXPECT_THAT(fake.folders.watched, ElementsAre(folder, "/elsewhere"));
+    EXPECT_THAT(fake.folderWatcher.watched, ElementsAre(folder, "/elsewhere"));
     EXPECT_THAT(details(), ElementsAre("Downloading other.part"));
-    EXPECT_EQ(fake.folders.liveWatches(), 1u);
-    const auto before = fake.folders.listings;
-    fake.folders.notify("/elsewhere");
+    EXPECT_EQ(fake.folderWatcher.liveWatches(), 1u);
+    const auto before = fake.folderWatcher.listings;
+    fake.folderWatcher.notify("/elsewhere");
     time.runPending();
-    EXPECT_EQ(fake.folders.listings, before + 1);
+    EXPECT_EQ(fake.folderWatcher.listings, before + 1);
 }
 
 TEST_F(DownloadMonitorTest, AFailureThatComesLateForAnEarlierPathIsNotTold)
 {
-    fake.folders.folders["/elsewhere"];
-    fake.folders.folders.erase(folder);
-    fake.folders.whileOpening = [this] {
+    fake.folderWatcher.folders["/elsewhere"];
+    fake.folderWatcher.folders.erase(folder);
+    fake.folderWatcher.whileOpening = [this] {
         settings().downloadsFolderPath.set("/elsewhere");
         time.runPending();
     };
     testing::internal::CaptureStdout();
     start();
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
-    EXPECT_EQ(fake.folders.liveWatches(), 1u);
+    EXPECT_EQ(fake.folderWatcher.liveWatches(), 1u);
 }
 
 TEST_F(DownloadMonitorTest, AWatchThatComesAfterTheStopIsDropped)
 {
-    fake.folders.whileOpening = [this] { monitor->stop(); };
+    fake.folderWatcher.whileOpening = [this] { monitor->stop(); };
     start();
-    EXPECT_THAT(fake.folders.watched, ElementsAre(folder));
-    EXPECT_EQ(fake.folders.liveWatches(), 0u);
+    EXPECT_THAT(fake.folderWatcher.watched, ElementsAre(folder));
+    EXPECT_EQ(fake.folderWatcher.liveWatches(), 0u);
 }
 
 TEST_F(DownloadMonitorTest, StopEmptiesTheListAndLeavesNothingRunning)
 {
     put("film.part");
     start();
-    fake.folders.notify(folder);
+    fake.folderWatcher.notify(folder);
     monitor->stop();
     time.runPending();
     time.advance(20s);
     EXPECT_TRUE(monitor->signals.get().empty());
     EXPECT_EQ(time.timerCount(), 0u);
-    EXPECT_EQ(fake.folders.liveWatches(), 0u);
+    EXPECT_EQ(fake.folderWatcher.liveWatches(), 0u);
 }
 
 TEST_F(DownloadMonitorTest, MayBeDestroyedWhileAScanIsOnItsWay)
 {
     monitor->start();
-    fake.folders.notify(folder);
+    fake.folderWatcher.notify(folder);
     monitor.reset();
     time.runPending();
     EXPECT_EQ(time.timerCount(), 0u);
@@ -272,10 +273,10 @@ TEST_F(DownloadMonitorTest, MayBeDestroyedWhileAScanIsOnItsWay)
 
 TEST_F(DownloadMonitorTest, MayBeDestroyedWhileItsFolderIsBeingOpened)
 {
-    fake.folders.whileOpening = [this] { monitor.reset(); };
+    fake.folderWatcher.whileOpening = [this] { monitor.reset(); };
     start();
-    EXPECT_THAT(fake.folders.watched, ElementsAre(folder));
-    EXPECT_EQ(fake.folders.liveWatches(), 0u);
+    EXPECT_THAT(fake.folderWatcher.watched, ElementsAre(folder));
+    EXPECT_EQ(fake.folderWatcher.liveWatches(), 0u);
 }
 
 // A main queue that real threads may post to; its timers are in virtual time.
@@ -328,45 +329,29 @@ struct SlowFolderWatcher final : FolderWatcher {
     std::binary_semaphore mayOpen{0};
 };
 
+struct SlowMachine : FakePlatform {
+    ThreadedMainQueue mainQueue{time};
+    ThreadSerialQueues serialQueues;
+    SlowFolderWatcher folderWatcher;
+};
+
 TEST_F(DownloadMonitorTest, AFolderThatHangsWhileItOpensHoldsUpTheScansAlone)
 {
-    ThreadedMainQueue queue(time);
-    ThreadSerialQueues threads;
-    SlowFolderWatcher folders;
-    const auto& rest = platform();
-    const Platform slow{queue,
-                        threads,
-                        rest.background,
-                        rest.applicationFiles,
-                        rest.clock,
-                        rest.applicationSupport,
-                        rest.appearance,
-                        rest.cpuCounters,
-                        folders,
-                        rest.installedApplications,
-                        rest.loginItem,
-                        rest.mediaDevices,
-                        rest.networkCounters,
-                        rest.powerAssertions,
-                        rest.powerSources,
-                        rest.processStatus,
-                        rest.runningApplications,
-                        rest.sessionEvents,
-                        rest.timeZone,
-                        rest.userDefaults,
-                        rest.userNotifications};
+    SlowMachine machine;
+    auto& folders = machine.folderWatcher;
+    const auto slow = platformOf(machine);
     monitor.emplace(slow, settings());
     const auto begin = std::chrono::steady_clock::now();
     monitor->start();
     ASSERT_TRUE(folders.opening.try_acquire_for(10s));
-    time.advance(7s); // a poll
-    queue.runPending();
+    machine.time.advance(7s); // a poll
+    machine.mainQueue.runPending();
     EXPECT_LT(std::chrono::steady_clock::now() - begin, 5s);
     EXPECT_THAT(details(), IsEmpty());
     folders.mayOpen.release();
     while (details().empty() && std::chrono::steady_clock::now() - begin < 20s) {
         std::this_thread::sleep_for(1ms);
-        queue.runPending();
+        machine.mainQueue.runPending();
     }
     EXPECT_THAT(details(), ElementsAre("Downloading film.part"));
     monitor.reset();

@@ -24,8 +24,8 @@ public:
     {
         time.countDelayedSerialWork();
         fake.applicationSupport.support = m_support.path;
-        fake.folders.folders[folder];
-        fake.cpu.addCoreLoad(0, 0);
+        fake.folderWatcher.folders[folder];
+        fake.cpuCounters.addCoreLoad(0, 0);
         m_engine.emplace(platform(), settings(), calendar);
         m_observer = m_engine->state.observe([this](const WakeState& next) { m_statesSeen.push_back(next); },
                                              Deliver::changesOnly);
@@ -50,7 +50,7 @@ public:
         ASSERT_EQ(stored.size(), m_engine->activityLog.get().size());
         m_engine->stop();
         EXPECT_EQ(time.timerCount(), 0u);
-        EXPECT_TRUE(fake.power.held.empty());
+        EXPECT_TRUE(fake.powerAssertions.held.empty());
     }
 
     std::size_t sourcesSeen() const { return m_sourcesSeen.size(); }
@@ -64,26 +64,26 @@ private:
     {
         switch (below(12)) {
         case 0:
-            fake.folders.folders[folder] = {{"film.part", time.now()}};
-            fake.folders.notify(folder);
+            fake.folderWatcher.folders[folder] = {{"film.part", time.now()}};
+            fake.folderWatcher.notify(folder);
             break;
         case 1:
-            fake.folders.folders[folder].clear();
-            fake.folders.notify(folder);
+            fake.folderWatcher.folders[folder].clear();
+            fake.folderWatcher.notify(folder);
             break;
         case 2:
-            fake.network.bytes->received += below(9'000'000);
+            fake.networkCounters.bytes->received += below(9'000'000);
             break;
         case 3:
-            fake.cpu.addHostLoad(below(101));
-            fake.cpu.addCoreLoad(0, static_cast<std::int32_t>(below(101)));
+            fake.cpuCounters.addHostLoad(below(101));
+            fake.cpuCounters.addCoreLoad(0, static_cast<std::int32_t>(below(101)));
             break;
         case 4:
-            fake.applications.run("com.handbrake.HandBrake", "HandBrake");
+            fake.runningApplications.run("com.handbrake.HandBrake", "HandBrake");
             break;
         case 5:
-            fake.applications.list.clear();
-            fake.applications.announceChange();
+            fake.runningApplications.list.clear();
+            fake.runningApplications.announceChange();
             break;
         case 6:
             chooseMode(allWakeModes[below(3)]);
@@ -116,7 +116,7 @@ private:
 
     void check()
     {
-        EXPECT_EQ(fake.power.held.size(), m_engine->state.get().isIdle() ? 0u : 1u);
+        EXPECT_EQ(fake.powerAssertions.held.size(), m_engine->state.get().isIdle() ? 0u : 1u);
         EXPECT_LE(m_engine->activityLog.get().size(), WakeEngine::longestLog);
         for (const auto& next : m_statesSeen) {
             EXPECT_NE(next, m_lastState);

@@ -13,13 +13,13 @@ namespace
 struct NetworkActivityMonitorTest : LogicFixture {
     NetworkActivityMonitorTest()
     {
-        fake.network.bytes = NetworkCounters::Bytes{1'000'000'000, 5'000'000};
+        fake.networkCounters.bytes = NetworkCounters::Bytes{1'000'000'000, 5'000'000};
         monitor->start();
     }
     void tick(std::uint64_t received, std::uint64_t sent = 0)
     {
-        fake.network.bytes->received += received;
-        fake.network.bytes->sent += sent;
+        fake.networkCounters.bytes->received += received;
+        fake.networkCounters.bytes->sent += sent;
         time.advance(3s);
     }
     std::vector<std::string> details() const
@@ -79,7 +79,7 @@ TEST_F(NetworkActivityMonitorTest, SteadyDetailsKeepTheirIdentifiers)
 TEST_F(NetworkActivityMonitorTest, FallingCountersGiveARateOfZero)
 {
     tick(3'000'000, 3'000'000);
-    fake.network.bytes->received = 0;
+    fake.networkCounters.bytes->received = 0;
     tick(0, 3'000'000);
     EXPECT_THAT(details(), ElementsAre("Sending data at 1.0 MB/s"));
 }
@@ -105,7 +105,7 @@ TEST_F(NetworkActivityMonitorTest, TheListIsEmptiedOnTheFirstQuietTickAndTheFlag
 TEST_F(NetworkActivityMonitorTest, AFailedReadingChangesNothing)
 {
     tick(3'000'000);
-    fake.network.bytes.reset();
+    fake.networkCounters.bytes.reset();
     time.advance(30s);
     EXPECT_THAT(details(), ElementsAre("Receiving data at 1.0 MB/s"));
 }

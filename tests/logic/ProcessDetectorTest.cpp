@@ -83,10 +83,10 @@ class WatchedRow : public testing::WithParamInterface<Row>, public ProcessDetect
 
 TEST_P(WatchedRow, GivesItsSignal)
 {
-    fake.applications.run(GetParam().bundleID, "Its Name");
+    fake.runningApplications.run(GetParam().bundleID, "Its Name");
     start();
     EXPECT_EQ(detector->signals.get().size(), GetParam().requiresMedia ? 0u : 1u);
-    fake.media.camera = true;
+    fake.mediaDevices.camera = true;
     time.advance(10s);
     ASSERT_EQ(detector->signals.get().size(), 1u);
     const auto& signal = detector->signals.get()[0];
@@ -102,42 +102,42 @@ INSTANTIATE_TEST_SUITE_P(Table, WatchedRow, testing::ValuesIn(table));
 
 TEST_F(ProcessDetectorTest, ACallNeedsTheCameraOrTheMicrophone)
 {
-    fake.applications.run("us.zoom.xos", "Zoom");
+    fake.runningApplications.run("us.zoom.xos", "Zoom");
     start();
     EXPECT_THAT(details(), IsEmpty());
-    fake.media.microphone = true;
+    fake.mediaDevices.microphone = true;
     time.advance(10s);
     EXPECT_THAT(details(), ElementsAre("Zoom call in progress"));
 }
 
 TEST_F(ProcessDetectorTest, TheMicrophoneIsAskedOnlyWhenNoCameraIsInUse)
 {
-    fake.applications.run("us.zoom.xos", "Zoom");
-    fake.applications.run("com.microsoft.teams", "Teams");
-    fake.media.camera = true;
+    fake.runningApplications.run("us.zoom.xos", "Zoom");
+    fake.runningApplications.run("com.microsoft.teams", "Teams");
+    fake.mediaDevices.camera = true;
     start();
-    EXPECT_EQ(fake.media.cameraQuestions, 1); // once an evaluation
-    EXPECT_EQ(fake.media.microphoneQuestions, 0);
-    fake.media.camera = false;
+    EXPECT_EQ(fake.mediaDevices.cameraQuestions, 1); // once an evaluation
+    EXPECT_EQ(fake.mediaDevices.microphoneQuestions, 0);
+    fake.mediaDevices.camera = false;
     time.advance(10s);
-    EXPECT_EQ(fake.media.microphoneQuestions, 1);
+    EXPECT_EQ(fake.mediaDevices.microphoneQuestions, 1);
 }
 
 TEST_F(ProcessDetectorTest, TheDevicesAreNotAskedWhenNoConferencingApplicationRuns)
 {
-    fake.applications.run("com.handbrake.HandBrake", "HandBrake");
+    fake.runningApplications.run("com.handbrake.HandBrake", "HandBrake");
     detector->updateCustomProcesses({{UUID::random(), "us.zoom.xos", "x", 3}});
     start();
     time.advance(60s);
-    EXPECT_EQ(fake.media.cameraQuestions, 0);
-    EXPECT_EQ(fake.media.microphoneQuestions, 0);
+    EXPECT_EQ(fake.mediaDevices.cameraQuestions, 0);
+    EXPECT_EQ(fake.mediaDevices.microphoneQuestions, 0);
 }
 
 TEST_F(ProcessDetectorTest, BothTeamsIdentifiersGiveTwoSignals)
 {
-    fake.applications.run("com.microsoft.teams", "Teams");
-    fake.applications.run("com.microsoft.teams2", "Teams");
-    fake.media.camera = true;
+    fake.runningApplications.run("com.microsoft.teams", "Teams");
+    fake.runningApplications.run("com.microsoft.teams2", "Teams");
+    fake.mediaDevices.camera = true;
     start();
     EXPECT_THAT(details(), ElementsAre("Teams call in progress", "Teams call in progress"));
     EXPECT_EQ(detector->signals.get()[0].appBundleID, "com.microsoft.teams2"); // the table's order
@@ -145,7 +145,7 @@ TEST_F(ProcessDetectorTest, BothTeamsIdentifiersGiveTwoSignals)
 
 TEST_F(ProcessDetectorTest, ACustomEntryOfABuiltInApplicationGivesASecondSignal)
 {
-    fake.applications.run("com.handbrake.HandBrake", "HandBrake");
+    fake.runningApplications.run("com.handbrake.HandBrake", "HandBrake");
     detector->updateCustomProcesses({{UUID::random(), "com.handbrake.HandBrake", "HandBrake active", 3}});
     time.runPending();
     EXPECT_THAT(details(), ElementsAre("HandBrake encoding", "HandBrake active"));
@@ -153,7 +153,7 @@ TEST_F(ProcessDetectorTest, ACustomEntryOfABuiltInApplicationGivesASecondSignal)
 
 TEST_F(ProcessDetectorTest, ACustomEntryIsNotGatedByMediaActivity)
 {
-    fake.applications.run("us.zoom.xos", "Zoom");
+    fake.runningApplications.run("us.zoom.xos", "Zoom");
     detector->updateCustomProcesses({{UUID::random(), "us.zoom.xos", "Zoom active", 7}});
     time.runPending();
     EXPECT_THAT(details(), ElementsAre("Zoom active"));
@@ -162,7 +162,7 @@ TEST_F(ProcessDetectorTest, ACustomEntryIsNotGatedByMediaActivity)
 
 TEST_F(ProcessDetectorTest, AnApplicationWithoutIdentifierNeverMatches)
 {
-    fake.applications.list.push_back({std::nullopt, "HandBrake", {}});
+    fake.runningApplications.list.push_back({std::nullopt, "HandBrake", {}});
     detector->updateCustomProcesses({{UUID::random(), "", "Empty", 3}});
     start();
     EXPECT_THAT(details(), IsEmpty());
@@ -170,14 +170,14 @@ TEST_F(ProcessDetectorTest, AnApplicationWithoutIdentifierNeverMatches)
 
 TEST_F(ProcessDetectorTest, IdentifiersAreComparedToTheLetter)
 {
-    fake.applications.run("com.handbrake.handbrake", "HandBrake");
+    fake.runningApplications.run("com.handbrake.handbrake", "HandBrake");
     start();
     EXPECT_THAT(details(), IsEmpty());
 }
 
 TEST_F(ProcessDetectorTest, AnApplicationIsWatchedByEachOfItsIdentifiers)
 {
-    fake.applications.run("org.kde.konsole", "Konsole", {"com.apple.Terminal"});
+    fake.runningApplications.run("org.kde.konsole", "Konsole", {"com.apple.Terminal"});
     detector->updateCustomProcesses({{.bundleID = "org.kde.konsole", .label = "Konsole active", .score = 3},
                                      {.bundleID = "com.apple.Terminal", .label = "From before", .score = 2},
                                      {.bundleID = "org.gnome.Terminal", .label = "Another", .score = 2}});
@@ -191,15 +191,15 @@ TEST_F(ProcessDetectorTest, AnApplicationIsWatchedByEachOfItsIdentifiers)
 
 TEST_F(ProcessDetectorTest, ANamelessApplicationGoesByItsIdentifier)
 {
-    fake.applications.list.push_back({"com.handbrake.HandBrake", std::nullopt, {}});
+    fake.runningApplications.list.push_back({"com.handbrake.HandBrake", std::nullopt, {}});
     start();
     EXPECT_EQ(detector->signals.get().at(0).appName, "com.handbrake.HandBrake");
 }
 
 TEST_F(ProcessDetectorTest, TheFirstRunningApplicationOfAnIdentifierGivesTheName)
 {
-    fake.applications.run("com.handbrake.HandBrake", "First");
-    fake.applications.run("com.handbrake.HandBrake", "Second");
+    fake.runningApplications.run("com.handbrake.HandBrake", "First");
+    fake.runningApplications.run("com.handbrake.HandBrake", "Second");
     start();
     ASSERT_EQ(detector->signals.get().size(), 1u);
     EXPECT_EQ(detector->signals.get()[0].appName, "First");
@@ -216,7 +216,7 @@ TEST_F(ProcessDetectorTest, TheEmptyListIsRepublishedOnEveryEvaluation)
 
 TEST_F(ProcessDetectorTest, TheListArrivesInALaterTurn)
 {
-    fake.applications.run("com.handbrake.HandBrake", "HandBrake");
+    fake.runningApplications.run("com.handbrake.HandBrake", "HandBrake");
     detector->start();
     EXPECT_TRUE(detector->signals.get().empty());
     time.runPending();
@@ -226,50 +226,50 @@ TEST_F(ProcessDetectorTest, TheListArrivesInALaterTurn)
 TEST_F(ProcessDetectorTest, AFinishedLookAtTheProcessesEvaluatesAgain)
 {
     start();
-    fake.applications.run("com.handbrake.HandBrake", "HandBrake");
-    fake.applications.announceChange();
+    fake.runningApplications.run("com.handbrake.HandBrake", "HandBrake");
+    fake.runningApplications.announceChange();
     time.runPending();
     EXPECT_THAT(details(), ElementsAre("HandBrake encoding"));
 }
 
 TEST_F(ProcessDetectorTest, AFinishedLookAtTheCameraEvaluatesAgain)
 {
-    fake.applications.run("us.zoom.xos", "Zoom");
+    fake.runningApplications.run("us.zoom.xos", "Zoom");
     start();
-    fake.media.camera = true;
+    fake.mediaDevices.camera = true;
     time.runPending();
     EXPECT_THAT(details(), IsEmpty());
-    fake.media.announceChange();
+    fake.mediaDevices.announceChange();
     time.runPending();
     EXPECT_THAT(details(), ElementsAre("Zoom call in progress"));
-    fake.media.camera = false;
-    fake.media.announceChange();
+    fake.mediaDevices.camera = false;
+    fake.mediaDevices.announceChange();
     time.runPending();
     EXPECT_THAT(details(), IsEmpty());
 }
 
 TEST_F(ProcessDetectorTest, AFinishedLookAtTheCameraIsNothingToAStoppedDetector)
 {
-    fake.applications.run("us.zoom.xos", "Zoom");
+    fake.runningApplications.run("us.zoom.xos", "Zoom");
     start();
     detector->stop();
-    fake.media.camera = true;
-    fake.media.announceChange();
+    fake.mediaDevices.camera = true;
+    fake.mediaDevices.announceChange();
     time.runPending();
     EXPECT_THAT(details(), IsEmpty());
-    EXPECT_EQ(fake.media.cameraQuestions, 1);
+    EXPECT_EQ(fake.mediaDevices.cameraQuestions, 1);
 }
 
 TEST_F(ProcessDetectorTest, EveryTickAsksForAFreshLook)
 {
     start();
     time.advance(30s);
-    EXPECT_EQ(fake.applications.refreshes, 3);
+    EXPECT_EQ(fake.runningApplications.refreshes, 3);
 }
 
 TEST_F(ProcessDetectorTest, ACustomListMayPublishWhileStopped)
 {
-    fake.applications.run("org.example.App", "App");
+    fake.runningApplications.run("org.example.App", "App");
     detector->updateCustomProcesses({{UUID::random(), "org.example.App", "App active", 3}});
     time.runPending();
     EXPECT_THAT(details(), ElementsAre("App active"));
@@ -277,11 +277,11 @@ TEST_F(ProcessDetectorTest, ACustomListMayPublishWhileStopped)
 
 TEST_F(ProcessDetectorTest, StopEmptiesAndWhatWasOnItsWayIsDropped)
 {
-    fake.applications.run("com.handbrake.HandBrake", "HandBrake");
+    fake.runningApplications.run("com.handbrake.HandBrake", "HandBrake");
     detector->start();
     detector->stop();
     time.runPending();
-    fake.applications.announceChange();
+    fake.runningApplications.announceChange();
     time.runPending();
     EXPECT_TRUE(detector->signals.get().empty());
     EXPECT_EQ(time.timerCount(), 0u);
@@ -289,7 +289,7 @@ TEST_F(ProcessDetectorTest, StopEmptiesAndWhatWasOnItsWayIsDropped)
 
 TEST_F(ProcessDetectorTest, TheCustomListSurvivesAStop)
 {
-    fake.applications.run("org.example.App", "App");
+    fake.runningApplications.run("org.example.App", "App");
     detector->updateCustomProcesses({{UUID::random(), "org.example.App", "App active", 3}});
     detector->stop();
     start();

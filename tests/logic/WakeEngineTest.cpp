@@ -17,7 +17,7 @@ struct WakeEngineTest : LogicFixture {
     WakeEngineTest()
     {
         fake.applicationSupport.support = support.path;
-        fake.folders.folders[folder];
+        fake.folderWatcher.folders[folder];
     }
     void start()
     {
@@ -27,11 +27,11 @@ struct WakeEngineTest : LogicFixture {
     }
     void give(std::vector<std::pair<std::string, std::int64_t>> signals)
     {
-        fake.applications.list.clear();
+        fake.runningApplications.list.clear();
         std::vector<CustomProcess> list;
         for (const auto& [detail, score] : signals) {
             const auto bundleID = "org.example." + std::to_string(list.size());
-            fake.applications.run(bundleID, "Example");
+            fake.runningApplications.run(bundleID, "Example");
             list.push_back({UUID::random(), bundleID, detail, score});
         }
         settings().customProcesses.set(list);
@@ -69,7 +69,7 @@ TEST_F(WakeEngineTest, ScoresOfTwoAndOneWakeWithTheDetailOfTheTwo)
     start();
     give({{"one", 1}, {"two", 2}});
     EXPECT_EQ(state(), WakeState::awake("two"));
-    EXPECT_EQ(fake.power.held.begin()->second, "two");
+    EXPECT_EQ(fake.powerAssertions.held.begin()->second, "two");
 }
 
 TEST_F(WakeEngineTest, ASingleScoreOfTwoNeverWakes)
@@ -91,7 +91,7 @@ TEST_F(WakeEngineTest, DetectorsAreHeardInTheOrderDownloadNetworkProcessCpu)
 {
     start();
     give({{"process", 5}});
-    fake.folders.folders[folder] = {{"film.part", time.now() + 1h}};
+    fake.folderWatcher.folders[folder] = {{"film.part", time.now() + 1h}};
     time.advance(5s);
     EXPECT_EQ(state(), WakeState::awake("Downloading film.part"));
     ASSERT_EQ(engine->activeSignals.get().size(), 2u);
@@ -104,7 +104,7 @@ TEST_F(WakeEngineTest, AChangingDetailIsANewStateAndANewEntry)
     give({{"at 87 %", 4}});
     give({{"at 88 %", 4}});
     EXPECT_THAT(messages(), ElementsAre("awake: at 88 %", "awake: at 87 %"));
-    EXPECT_EQ(fake.power.created.size(), 1u); // and keeps the first name
+    EXPECT_EQ(fake.powerAssertions.created.size(), 1u); // and keeps the first name
 }
 
 TEST_F(WakeEngineTest, FromIdleATotalBelowThreeWritesNothingAndStartsNoCountdown)
@@ -124,10 +124,10 @@ TEST_F(WakeEngineTest, CooldownHoldsTheAssertionForThirtySecondsAndNotOneMore)
     EXPECT_EQ(state(), WakeState::cooldown(30));
     time.advance(29s);
     EXPECT_EQ(state(), WakeState::cooldown(1));
-    EXPECT_EQ(fake.power.held.size(), 1u);
+    EXPECT_EQ(fake.powerAssertions.held.size(), 1u);
     time.advance(1s);
     EXPECT_EQ(state(), WakeState::idle());
-    EXPECT_TRUE(fake.power.held.empty());
+    EXPECT_TRUE(fake.powerAssertions.held.empty());
     EXPECT_THAT(messages(),
                 ElementsAre("idle: Cooldown complete — system may sleep", "cooldown: Cooldown started", "awake: work"));
 }
@@ -143,7 +143,7 @@ TEST_F(WakeEngineTest, ReturningSignalsCancelTheCountdown)
     EXPECT_EQ(state(), WakeState::awake("again"));
     time.advance(60s);
     EXPECT_EQ(messages().front(), "awake: again");
-    EXPECT_EQ(fake.power.created.size(), 1u);
+    EXPECT_EQ(fake.powerAssertions.created.size(), 1u);
 }
 
 TEST_F(WakeEngineTest, ARunningCountdownIsNeitherRestartedNorLogged)
@@ -171,7 +171,7 @@ TEST_F(WakeEngineTest, OffWhileAwakeReleasesAtOnceWithoutCooldown)
     give({{"work", 3}});
     choose(WakeMode::off);
     EXPECT_EQ(state(), WakeState::idle());
-    EXPECT_TRUE(fake.power.held.empty());
+    EXPECT_TRUE(fake.powerAssertions.held.empty());
     EXPECT_EQ(messages().front(), "idle: orrinvale is off");
 }
 
@@ -181,7 +181,7 @@ TEST_F(WakeEngineTest, ManualModeHasItsReasonAndItsMessage)
     choose(WakeMode::manual);
     EXPECT_EQ(state(), WakeState::awake("Manual mode — always awake"));
     EXPECT_THAT(messages(), ElementsAre("awake: Manual mode"));
-    EXPECT_EQ(fake.power.held.begin()->second, "Manual mode");
+    EXPECT_EQ(fake.powerAssertions.held.begin()->second, "Manual mode");
 }
 
 TEST_F(WakeEngineTest, ManualModePausesAtTheBatteryThresholdAndNotAboveIt)
@@ -302,16 +302,16 @@ TEST_F(WakeEngineTest, NothingIsDecidedBeforeTheFirstValuesArrive)
 
 TEST_F(WakeEngineTest, ARefusedAssertionIsAskedForAgainAtTheNextNonIdleTransition)
 {
-    fake.power.status = -1;
+    fake.powerAssertions.status = -1;
     start();
     testing::internal::CaptureStdout();
     give({{"first", 3}});
     testing::internal::GetCapturedStdout();
-    fake.power.status = 0;
+    fake.powerAssertions.status = 0;
     engine->evaluate();
-    EXPECT_TRUE(fake.power.held.empty());
+    EXPECT_TRUE(fake.powerAssertions.held.empty());
     give({{"second", 3}});
-    EXPECT_EQ(fake.power.held.begin()->second, "second");
+    EXPECT_EQ(fake.powerAssertions.held.begin()->second, "second");
 }
 
 TEST_F(WakeEngineTest, EntriesCarryTheMomentAndAnIdentifierOfTheirOwn)
@@ -332,9 +332,9 @@ TEST_F(WakeEngineTest, StopFreesTheAssertionAndLeavesNoTimerStateOrLogAlone)
     give({});
     time.advance(3s);
     engine->stop();
-    EXPECT_TRUE(fake.power.held.empty());
+    EXPECT_TRUE(fake.powerAssertions.held.empty());
     EXPECT_EQ(time.timerCount(), 0u);
-    EXPECT_EQ(fake.folders.liveWatches(), 0u);
+    EXPECT_EQ(fake.folderWatcher.liveWatches(), 0u);
     EXPECT_EQ(state(), WakeState::cooldown(27));
     const auto entries = messages().size();
     time.advance(60s);
@@ -347,10 +347,10 @@ TEST_F(WakeEngineTest, MayBeDestroyedWithWorkOnItsWay)
     start();
     give({{"work", 3}});
     settings().onlyWhenPluggedIn.set(true);
-    fake.folders.notify(folder);
+    fake.folderWatcher.notify(folder);
     engine.reset();
     time.advance(60s);
-    EXPECT_TRUE(fake.power.held.empty());
+    EXPECT_TRUE(fake.powerAssertions.held.empty());
     EXPECT_EQ(time.timerCount(), 0u);
 }
 

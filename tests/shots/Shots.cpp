@@ -173,8 +173,8 @@ private:
         for (const auto* name :
              {"Blender", "Camera Roll", "Dictionary", "File Manager", "HandBrake", "Inkscape", "Kdenlive", "Mail",
               "Terminal", "A Very Long Name That No List of This Width Can Show"})
-            m_fake.installed.list.push_back({name, name, "/applications", icon(QString::fromUtf8(name))});
-        m_fake.installed.install("org.example.HandyNotes", "Handy Notes");
+            m_fake.installedApplications.list.push_back({name, name, "/applications", icon(QString::fromUtf8(name))});
+        m_fake.installedApplications.install("org.example.HandyNotes", "Handy Notes");
         m_fake.appearance.motionIsReduced = true; // no picture of a sheet that is fading in
         SettingsWindowController window(*m_settings, *m_platform,
                                         {m_panels, [](const auto&) { return new QWidget; }, {}});
