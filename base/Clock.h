@@ -7,7 +7,8 @@
 namespace orrinvale
 {
 
-using Instant = std::chrono::system_clock::time_point;
+// In microseconds: it holds every date that four digits of a year can tell, where nanoseconds end in 2262.
+using Instant = std::chrono::time_point<std::chrono::system_clock, std::chrono::microseconds>;
 using Seconds = std::chrono::duration<double>;
 
 // The wall clock. `now()` may be called on any thread.
@@ -21,7 +22,10 @@ public:
 class SystemClock final : public Clock
 {
 public:
-    Instant now() const override { return std::chrono::system_clock::now(); }
+    Instant now() const override
+    {
+        return std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
+    }
 };
 
 } // namespace orrinvale

@@ -55,9 +55,7 @@ std::optional<Instant> timestampFromText(std::string_view text)
     const auto hour = numberAt(text, 11, 2);
     const auto minute = numberAt(text, 14, 2);
     const auto second = numberAt(text, 17, 2);
-    // system_clock counts nanoseconds in 64 bits: it ends in 2262 and begins in 1677.
-    const auto representable = date.year() > year(1677) && date.year() < year(2262);
-    if (!date.ok() || !representable || hour > 23 || minute > 59 || second > 59)
+    if (!date.ok() || hour > 23 || minute > 59 || second > 59)
         return std::nullopt;
     return sys_days(date) + hours(hour) + minutes(minute) + seconds(second);
 }

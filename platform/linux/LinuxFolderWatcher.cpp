@@ -32,12 +32,13 @@ namespace
 constexpr std::uint32_t folderEvents =
     IN_CREATE | IN_MOVED_FROM | IN_MOVED_TO | IN_DELETE | IN_DELETE_SELF | IN_MOVE_SELF;
 
-// Clamped to what a nanosecond clock of 64 bits can hold: file systems know dates beyond.
+// Clamped to what an instant can hold: file systems know dates beyond.
 Instant instantOf(const timespec& time)
 {
-    constexpr std::int64_t limit = INT64_MAX / 1'000'000'000 - 1;
-    const auto seconds = std::clamp<std::int64_t>(time.tv_sec, -limit, limit);
-    return Instant(std::chrono::seconds(seconds) + std::chrono::nanoseconds(time.tv_nsec));
+    using namespace std::chrono;
+    constexpr auto limit = floor<seconds>(Instant::max().time_since_epoch()).count() - 1;
+    const auto whole = std::clamp<std::int64_t>(time.tv_sec, -limit, limit);
+    return Instant(seconds(whole) + duration_cast<Instant::duration>(nanoseconds(time.tv_nsec)));
 }
 
 std::optional<FolderEntry> entryOf(int folder, const char* name)

@@ -3,6 +3,7 @@
 #include "orrinvale/ActivityLogStore.h"
 
 #include "base/AtomicFile.h"
+#include "base/Timestamp.h"
 #include "tests/logic/LogicFixture.h"
 
 #include <fstream>
@@ -141,6 +142,21 @@ TEST_F(ActivityLogStoreTest, MembersInAnyOrderAndUnknownOnesAreRead)
         R"([{"category":"idle","extra":{"a":[1]},"message":"m","date":"2026-03-14T09:26:53Z","id":"0f6b3c2e-9d41-4a57-8e2b-5c1d7a9e3f10"}])");
     ASSERT_EQ(store.load().size(), 1u);
     EXPECT_EQ(store.load()[0].category, PersistedStateCategory::idle);
+}
+
+TEST_F(ActivityLogStoreTest, EntriesFromLongAgoOrFarAheadKeepTheRestOfTheLog)
+{
+    auto entries = std::vector{entry("now"), entry("far"), entry("old")};
+    entries[1].date = *timestampFromText("9999-12-31T23:59:59Z");
+    entries[2].date = *timestampFromText("0001-01-01T00:00:00Z");
+    saveAndWait(entries);
+    const auto loaded = store.load();
+    ASSERT_EQ(loaded.size(), 3u);
+    EXPECT_EQ(loaded[1].date, entries[1].date);
+    EXPECT_EQ(loaded[2].date, entries[2].date);
+    const auto before = text();
+    saveAndWait(loaded);
+    EXPECT_EQ(text(), before);
 }
 
 TEST_F(ActivityLogStoreTest, OneBadRecordDiscardsTheWholeFile)
