@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "base/AtomicFile.h"
 
+#include "base/Descriptor.h"
+
 #include <cerrno>
-#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -16,22 +17,6 @@ namespace
 {
 
 constexpr int mostLinks = 40; // the kernel's own limit
-
-class Descriptor
-{
-public:
-    explicit Descriptor(int fd) : m_fd(fd) {}
-    ~Descriptor() { close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    bool isOpen() const { return m_fd >= 0; }
-    int get() const { return m_fd; }
-    bool close() { return m_fd < 0 || ::close(std::exchange(m_fd, -1)) == 0; }
-
-private:
-    int m_fd;
-};
 
 bool writeAll(int fd, std::string_view bytes)
 {

@@ -6,6 +6,8 @@
 // A fullscreen window may lie above the shield; a click on it is its own.
 #include "layer_shell/LayerSurface.h"
 
+#include "base/Descriptor.h"
+
 #include "viewporter-client.h"
 #include "wlr-layer-shell-unstable-v1-client.h"
 
@@ -113,17 +115,16 @@ void setSize(zwlr_layer_surface_v1* layer, const QSize& size)
 Buffer transparentBuffer(wl_shm* shm)
 {
     constexpr auto bytes = 4 * shieldSide * shieldSide;
-    const auto file = ::memfd_create("orrinvale-shield", MFD_CLOEXEC);
-    if (file < 0)
+    const Descriptor file(::memfd_create("orrinvale-shield", MFD_CLOEXEC));
+    if (!file.isOpen())
         return nullptr;
     Buffer buffer;
-    if (::ftruncate(file, bytes) == 0) { // with zeros, which are transparent
-        auto* pool = wl_shm_create_pool(shm, file, bytes);
+    if (::ftruncate(file.get(), bytes) == 0) { // with zeros, which are transparent
+        auto* pool = wl_shm_create_pool(shm, file.get(), bytes);
         buffer.reset(
             wl_shm_pool_create_buffer(pool, 0, shieldSide, shieldSide, 4 * shieldSide, WL_SHM_FORMAT_ARGB8888));
         wl_shm_pool_destroy(pool);
     }
-    ::close(file);
     return buffer;
 }
 

@@ -59,16 +59,10 @@ void LinuxCPUCounters::Counter::update(const Ticks& reading)
 }
 
 LinuxCPUCounters::LinuxCPUCounters(const std::string& statFile)
-    : m_file(::open(statFile.c_str(), O_RDONLY | O_CLOEXEC)), m_openError(m_file < 0 ? errno : 0)
+    : m_file(::open(statFile.c_str(), O_RDONLY | O_CLOEXEC)), m_openError(m_file.isOpen() ? 0 : errno)
 {
     m_text.resize(initialBuffer);
     read();
-}
-
-LinuxCPUCounters::~LinuxCPUCounters()
-{
-    if (m_file >= 0)
-        ::close(m_file);
 }
 
 CPUCounters::Host LinuxCPUCounters::host()
@@ -94,10 +88,10 @@ std::optional<std::vector<std::int32_t>> LinuxCPUCounters::processors()
 
 int LinuxCPUCounters::read()
 {
-    if (m_file < 0)
+    if (!m_file.isOpen())
         return m_openError;
     for (;;) {
-        const auto length = ::pread(m_file, m_text.data(), m_text.size(), 0);
+        const auto length = ::pread(m_file.get(), m_text.data(), m_text.size(), 0);
         if (length < 0)
             return errno;
         if (static_cast<std::size_t>(length) < m_text.size()) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Descriptor.h"
 #include "platform/CPUCounters.h"
 #include "platform/RestartingTicks.h"
 
@@ -18,7 +19,6 @@ class LinuxCPUCounters final : public CPUCounters
 {
 public:
     explicit LinuxCPUCounters(const std::string& statFile = "/proc/stat");
-    ~LinuxCPUCounters() override;
     LinuxCPUCounters(const LinuxCPUCounters&) = delete;
     LinuxCPUCounters& operator=(const LinuxCPUCounters&) = delete;
 
@@ -38,7 +38,7 @@ private:
     void parse(std::string_view text);
     void parseLine(std::string_view line);
 
-    int m_file;
+    Descriptor m_file;
     int m_openError;
     std::string m_text;
     Counter m_host;

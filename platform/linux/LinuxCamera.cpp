@@ -69,16 +69,10 @@ LinuxCamera::LinuxCamera(MainQueue& queue, SerialQueue& background, std::string 
 {
 }
 
-LinuxCamera::~LinuxCamera()
-{
-    if (m_inotify >= 0)
-        ::close(m_inotify);
-}
-
 // Whether the kernel will tell of all that happens to a path; what is gone needs no watch.
 bool LinuxCamera::watch(const std::string& path, std::uint32_t events)
 {
-    return ::inotify_add_watch(m_inotify, path.c_str(), events) >= 0 || errno == ENOENT;
+    return ::inotify_add_watch(m_inotify.get(), path.c_str(), events) >= 0 || errno == ENOENT;
 }
 
 bool LinuxCamera::watchDevices()
@@ -97,16 +91,16 @@ bool LinuxCamera::takeEvents()
 {
     std::array<char, 4096> events;
     bool any = false;
-    while (::read(m_inotify, events.data(), events.size()) > 0)
+    while (::read(m_inotify.get(), events.data(), events.size()) > 0)
         any = true;
     return any;
 }
 
 bool LinuxCamera::hasChanged()
 {
-    if (m_inotify < 0)
-        m_inotify = ::inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
-    if (m_inotify < 0)
+    if (!m_inotify.isOpen())
+        m_inotify = Descriptor(::inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
+    if (!m_inotify.isOpen())
         return true;
     const auto wasWatching = m_isWatching;
     const auto changed = takeEvents() || !wasWatching; // whatever happened before the watch is unknown

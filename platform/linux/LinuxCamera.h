@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Descriptor.h"
 #include "base/Lifetime.h"
 #include "base/MainQueue.h"
 #include "base/Published.h"
@@ -23,7 +24,6 @@ class LinuxCamera
 public:
     LinuxCamera(MainQueue& queue, SerialQueue& background, std::string deviceFolder = "/dev",
                 std::string procFolder = "/proc");
-    ~LinuxCamera();
 
     // The first question waits for the look, at most 100 ms; a later one gives the newest finished answer.
     bool isInUse();
@@ -42,7 +42,7 @@ private:
     SerialQueue& m_background;
     std::string m_deviceFolder;
     std::string m_procFolder;
-    int m_inotify = -1;
+    Descriptor m_inotify;
     bool m_wasAsked = false;
     bool m_isInUse = false;
     bool m_isStale = true;

@@ -40,13 +40,7 @@ bool sendRequest(int socket, std::uint32_t sequence)
 
 LinuxNetworkCounters::LinuxNetworkCounters() : m_socket(::socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC, NETLINK_ROUTE))
 {
-    ::setsockopt(m_socket, SOL_SOCKET, SO_RCVTIMEO, &longestWait, sizeof longestWait);
-}
-
-LinuxNetworkCounters::~LinuxNetworkCounters()
-{
-    if (m_socket >= 0)
-        ::close(m_socket);
+    ::setsockopt(m_socket.get(), SOL_SOCKET, SO_RCVTIMEO, &longestWait, sizeof longestWait);
 }
 
 std::optional<NetworkCounters::Bytes> LinuxNetworkCounters::totals()
@@ -62,11 +56,11 @@ std::optional<NetworkCounters::Bytes> LinuxNetworkCounters::totals()
 
 LinkDump::Progress LinuxNetworkCounters::read(LinkDump& dump)
 {
-    if (!sendRequest(m_socket, m_sequence))
+    if (!sendRequest(m_socket.get(), m_sequence))
         return LinkDump::Progress::failed;
     alignas(nlmsghdr) std::array<char, 32768> buffer; // the kernel's own largest dump message
     for (;;) {
-        const auto length = ::recv(m_socket, buffer.data(), buffer.size(), 0);
+        const auto length = ::recv(m_socket.get(), buffer.data(), buffer.size(), 0);
         if (length <= 0)
             return LinkDump::Progress::failed;
         const auto progress = dump.take(buffer.data(), static_cast<std::size_t>(length));

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Descriptor.h"
 #include "platform/NetworkCounters.h"
 #include "platform/linux/LinkDump.h"
 
@@ -14,7 +15,6 @@ class LinuxNetworkCounters final : public NetworkCounters
 {
 public:
     LinuxNetworkCounters();
-    ~LinuxNetworkCounters() override;
     LinuxNetworkCounters(const LinuxNetworkCounters&) = delete;
     LinuxNetworkCounters& operator=(const LinuxNetworkCounters&) = delete;
 
@@ -23,7 +23,7 @@ public:
 private:
     LinkDump::Progress read(LinkDump& dump);
 
-    int m_socket;
+    Descriptor m_socket;
     std::uint32_t m_sequence = 0;
 };
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/ProcFolder.h"
 
+#include "base/Descriptor.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -69,14 +71,13 @@ std::optional<std::vector<std::int32_t>> processIds(const std::string& procFolde
 
 std::string processFile(const std::string& procFolder, std::int32_t pid, const char* name)
 {
-    const auto file = ::open(fmt::format("{}/{}/{}", procFolder, pid, name).c_str(), O_RDONLY | O_CLOEXEC);
-    if (file < 0)
+    const Descriptor file(::open(fmt::format("{}/{}/{}", procFolder, pid, name).c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file.isOpen())
         return {};
     std::string text;
     std::array<char, 4096> buffer;
-    for (ssize_t length; text.size() < longestFile && (length = ::read(file, buffer.data(), buffer.size())) > 0;)
+    for (ssize_t length; text.size() < longestFile && (length = ::read(file.get(), buffer.data(), buffer.size())) > 0;)
         text.append(buffer.data(), static_cast<std::size_t>(length));
-    ::close(file);
     return text;
 }
 

@@ -8,7 +8,6 @@
 
 #include <cerrno>
 #include <cstring>
-#include <utility>
 
 #include <fcntl.h>
 #include <fmt/format.h>
@@ -28,9 +27,9 @@ constexpr auto socketName = "orrinvale.socket";
 constexpr auto lockName = "orrinvale.lock";
 constexpr auto waitingCalls = 8;
 
-int makeSocket()
+Descriptor makeSocket()
 {
-    return ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    return Descriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
 }
 
 // Calls `use` (connect or bind) with the address of the socket in the folder. It goes through the open folder: an
@@ -38,15 +37,12 @@ int makeSocket()
 template <typename Use>
 int withAddress(const std::filesystem::path& folder, Use use)
 {
-    const auto descriptor = ::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    const Descriptor opened(::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
-    const auto path = fmt::format("/proc/self/fd/{}/{}", descriptor, socketName);
+    const auto path = fmt::format("/proc/self/fd/{}/{}", opened.get(), socketName);
     path.copy(address.sun_path, sizeof address.sun_path - 1);
-    const auto result = use(reinterpret_cast<const sockaddr*>(&address), socklen_t(sizeof address));
-    if (descriptor >= 0)
-        ::close(descriptor);
-    return result;
+    return use(reinterpret_cast<const sockaddr*>(&address), socklen_t(sizeof address));
 }
 
 } // namespace
@@ -56,19 +52,17 @@ SingleInstance::SingleInstance(std::filesystem::path folder) : m_folder(std::mov
 SingleInstance::~SingleInstance()
 {
     stop();
-    if (m_lock >= 0)
-        ::close(m_lock);
 }
 
 SingleInstance::Role SingleInstance::claim()
 {
     // The kernel drops the lock with the process, however that ends.
-    m_lock = ::open((m_folder / lockName).c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR);
-    if (m_lock < 0 || ::flock(m_lock, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK)
+    const auto path = m_folder / lockName;
+    m_lock = Descriptor(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR));
+    if (!m_lock.isOpen() || ::flock(m_lock.get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK)
         return Role::first;
     const auto call = makeSocket(); // the connection itself is the message; it waits for nothing
-    withAddress(m_folder, [call](const auto* address, auto size) { return ::connect(call, address, size); });
-    ::close(call);
+    withAddress(m_folder, [&](const auto* address, auto size) { return ::connect(call.get(), address, size); });
     return Role::second;
 }
 
@@ -77,31 +71,28 @@ void SingleInstance::listen(std::function<void()> comeForward)
     m_comeForward = std::move(comeForward);
     ::unlink((m_folder / socketName).c_str()); // left by one that was killed: the lock is ours
     m_socket = makeSocket();
-    ::fchmod(m_socket, S_IRUSR | S_IWUSR);
+    ::fchmod(m_socket.get(), S_IRUSR | S_IWUSR);
     const auto bound =
-        withAddress(m_folder, [this](const auto* address, auto size) { return ::bind(m_socket, address, size); });
-    if (bound != 0 || ::listen(m_socket, waitingCalls) != 0)
+        withAddress(m_folder, [this](const auto* address, auto size) { return ::bind(m_socket.get(), address, size); });
+    if (bound != 0 || ::listen(m_socket.get(), waitingCalls) != 0)
         return consoleLine("SingleInstance",
                            fmt::format("a second start cannot bring this one forward: {}", std::strerror(errno)));
-    m_calls = std::make_unique<QSocketNotifier>(m_socket, QSocketNotifier::Read);
+    m_calls = std::make_unique<QSocketNotifier>(m_socket.get(), QSocketNotifier::Read);
     QObject::connect(m_calls.get(), &QSocketNotifier::activated, this, [this] { accept(); });
 }
 
 void SingleInstance::accept()
 {
-    const auto caller = ::accept4(m_socket, nullptr, nullptr, SOCK_CLOEXEC);
-    if (caller < 0)
-        return;
-    ::close(caller);
-    m_comeForward();
+    if (Descriptor(::accept4(m_socket.get(), nullptr, nullptr, SOCK_CLOEXEC)).isOpen())
+        m_comeForward();
 }
 
 void SingleInstance::stop()
 {
     m_calls.reset();
-    if (m_socket < 0)
+    if (!m_socket.isOpen())
         return;
-    ::close(std::exchange(m_socket, -1));
+    m_socket.close();
     ::unlink((m_folder / socketName).c_str());
 }
 

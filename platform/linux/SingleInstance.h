@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Descriptor.h"
+
 #include <QObject>
 
 #include <filesystem>
@@ -38,8 +40,8 @@ private:
     void accept();
 
     std::filesystem::path m_folder;
-    int m_lock = -1;
-    int m_socket = -1;
+    Descriptor m_lock;
+    Descriptor m_socket;
     std::unique_ptr<QSocketNotifier> m_calls;
     std::function<void()> m_comeForward;
 };
