@@ -2,39 +2,84 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/TerminationSignals.h"
 
+#include <array>
+#include <cerrno>
 #include <csignal>
+#include <cstdint>
 
-#include <sys/signalfd.h>
+#include <sys/eventfd.h>
 #include <unistd.h>
 
 namespace orrinvale
 {
 
-TerminationSignals::TerminationSignals()
+namespace
 {
-    std::signal(SIGPIPE, SIG_IGN);
-    sigset_t handled;
-    sigemptyset(&handled);
-    for (const auto number : {SIGTERM, SIGINT, SIGHUP})
-        sigaddset(&handled, number);
-    ::sigprocmask(SIG_BLOCK, &handled, nullptr);
-    m_descriptor = ::signalfd(-1, &handled, SFD_CLOEXEC | SFD_NONBLOCK);
+
+constexpr unsigned secondsToEnd = 5; // a busy machine gets by with far less
+constexpr std::array handled{SIGTERM, SIGINT, SIGHUP};
+
+volatile std::sig_atomic_t arrivals = -1; // the handler's descriptor
+
+// May interrupt anything on any thread: what it calls is on signal-safety(7)'s list.
+void noteArrival(int)
+{
+    const auto savedError = errno;
+    const std::uint64_t one = 1;
+    [[maybe_unused]] const auto written = ::write(arrivals, &one, sizeof one);
+    if (const auto left = ::alarm(secondsToEnd); left > 0)
+        ::alarm(left); // the first one counts
+    errno = savedError;
+}
+
+void setHandler(int number, void (*handler)(int))
+{
+    struct sigaction action {
+    };
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    ::sigaction(number, &action, nullptr);
+}
+
+// Whoever started us may have blocked them.
+void unblock(int number)
+{
+    sigset_t set;
+    sigemptyset(&set);
+    sigaddset(&set, number);
+    pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
+}
+
+} // namespace
+
+TerminationSignals::TerminationSignals() : m_arrivals(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+{
+    arrivals = m_arrivals.get();
+    setHandler(SIGPIPE, SIG_IGN);
+    setHandler(SIGALRM, SIG_DFL);
+    unblock(SIGALRM);
+    for (const auto number : handled) {
+        setHandler(number, noteArrival);
+        unblock(number);
+    }
 }
 
 void TerminationSignals::listen(std::function<void()> onSignal)
 {
-    m_notifier = std::make_unique<QSocketNotifier>(m_descriptor, QSocketNotifier::Read);
+    m_notifier = std::make_unique<QSocketNotifier>(m_arrivals.get(), QSocketNotifier::Read);
     QObject::connect(m_notifier.get(), &QSocketNotifier::activated, this, [this, onSignal = std::move(onSignal)] {
-        signalfd_siginfo information;
-        while (::read(m_descriptor, &information, sizeof information) > 0) {
-        }
-        onSignal();
+        std::uint64_t count = 0;
+        if (::read(m_arrivals.get(), &count, sizeof count) > 0)
+            onSignal();
     });
 }
 
 TerminationSignals::~TerminationSignals()
 {
-    ::close(m_descriptor);
+    for (const auto number : handled)
+        setHandler(number, SIG_DFL);
+    ::alarm(0);
+    m_notifier.reset();
 }
 
 } // namespace orrinvale

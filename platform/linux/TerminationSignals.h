@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Descriptor.h"
+
 #include <QObject>
 #include <QSocketNotifier>
 
@@ -11,8 +13,9 @@
 namespace orrinvale
 {
 
-// Hands SIGTERM, SIGINT and SIGHUP to `onSignal` in a turn of the event loop, and ignores SIGPIPE. To be made before
-// any thread is. Main thread.
+// Hands SIGTERM, SIGINT and SIGHUP to `onSignal` in a turn of the event loop, and ignores SIGPIPE. A process that has
+// not ended five seconds after the first of them, whatever its main thread waits for, is ended by the system. To be
+// made before any thread is, and once at a time. Main thread.
 class TerminationSignals final : public QObject
 {
     Q_OBJECT
@@ -25,7 +28,7 @@ public:
     void listen(std::function<void()> onSignal);
 
 private:
-    int m_descriptor;
+    Descriptor m_arrivals; // what the handler writes to
     std::unique_ptr<QSocketNotifier> m_notifier;
 };
 

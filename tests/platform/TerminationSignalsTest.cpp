@@ -10,6 +10,8 @@
 #include <csignal>
 
 #include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace orrinvale
@@ -67,6 +69,35 @@ TEST_F(TerminationSignalsTest, AWriteToAPipeThatNobodyReadsIsAnErrorOnly)
     EXPECT_EQ(::write(ends[1], "x", 1), -1);
     EXPECT_EQ(errno, EPIPE);
     ::close(ends[1]);
+}
+
+TEST_F(TerminationSignalsTest, AWriteBeyondTheLimitOfAFileIsAnErrorOnly)
+{
+    const auto child = ::fork();
+    if (child == 0) {
+        const rlimit none{0, 0};
+        ::setrlimit(RLIMIT_FSIZE, &none);
+        const auto file = ::open("/tmp", O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
+        ::_exit(::write(file, "x", 1) == -1 && errno == EFBIG ? 0 : 1);
+    }
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+}
+
+TEST_F(TerminationSignalsTest, AProcessThatHangsIsEndedAllTheSame)
+{
+    const auto child = ::fork();
+    if (child == 0) {
+        ::kill(::getpid(), SIGTERM);
+        for (;;)
+            ::pause(); // never looks at what arrived
+    }
+    const auto begin = std::chrono::steady_clock::now();
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM) << status;
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 8s);
 }
 
 } // namespace
