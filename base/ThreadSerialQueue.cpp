@@ -2,14 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "base/ThreadSerialQueue.h"
 
+#include "base/BackgroundThread.h"
+
 #include <condition_variable>
-#include <csignal>
 #include <map>
 #include <mutex>
-#include <thread>
-#include <type_traits>
-
-#include <pthread.h>
 
 namespace orrinvale
 {
@@ -19,17 +16,6 @@ namespace
 
 using SteadyTime = std::chrono::steady_clock::time_point;
 constexpr auto lingerTime = std::chrono::seconds(60);
-constexpr std::size_t longestThreadName = 15; // the smallest limit of any system, without the final zero
-
-// Names the calling thread by pthread_setname_np, which some C libraries want to be told the thread.
-template <typename SetName>
-void nameThisThread(SetName setName, const std::string& name)
-{
-    if constexpr (std::is_invocable_v<SetName, pthread_t, const char*>)
-        setName(pthread_self(), name.c_str());
-    else
-        setName(name.c_str());
-}
 
 } // namespace
 
@@ -42,7 +28,10 @@ struct ThreadSerialQueue::Shared : std::enable_shared_from_this<Shared> {
     std::uint64_t lastId = 0;
     bool running = false;
     bool ended = false;
+    MainQueue& retries;
     std::string label;
+
+    Shared(MainQueue& queue, std::string name) : retries(queue), label(std::move(name)) {}
 
     Key add(std::chrono::nanoseconds delay, std::function<void()> work)
     {
@@ -66,13 +55,11 @@ struct ThreadSerialQueue::Shared : std::enable_shared_from_this<Shared> {
     void startThread()
     {
         running = true;
-        std::thread([self = shared_from_this()] { self->run(); }).detach();
+        startBackgroundThread(retries, label, [self = shared_from_this()] { self->run(); });
     }
 
     void run()
     {
-        blockSignals();
-        nameThisThread(&pthread_setname_np, label.substr(0, longestThreadName));
         std::unique_lock lock(mutex);
         while (!ended && waitForWork(lock))
             runFirst(lock);
@@ -104,21 +91,12 @@ struct ThreadSerialQueue::Shared : std::enable_shared_from_this<Shared> {
         node = {};
         lock.lock();
     }
-
-    // The main thread alone answers signals.
-    static void blockSignals()
-    {
-        sigset_t all;
-        sigfillset(&all);
-        pthread_sigmask(SIG_BLOCK, &all, nullptr);
-    }
 };
 
-ThreadSerialQueue::ThreadSerialQueue(std::string label) : m_shared(std::make_shared<Shared>())
+// The last part of a dotted label is the telling one.
+ThreadSerialQueue::ThreadSerialQueue(MainQueue& retries, std::string label)
+    : m_shared(std::make_shared<Shared>(retries, label.substr(label.rfind('.') + 1)))
 {
-    // The last part of a dotted label is the telling one.
-    const auto dot = label.rfind('.');
-    m_shared->label = dot == std::string::npos ? std::move(label) : label.substr(dot + 1);
 }
 
 ThreadSerialQueue::~ThreadSerialQueue()
@@ -145,7 +123,7 @@ Cancellable ThreadSerialQueue::after(std::chrono::nanoseconds delay, std::functi
 
 std::unique_ptr<SerialQueue> ThreadSerialQueues::make(std::string label)
 {
-    return std::make_unique<ThreadSerialQueue>(std::move(label));
+    return std::make_unique<ThreadSerialQueue>(m_retries, std::move(label));
 }
 
 } // namespace orrinvale

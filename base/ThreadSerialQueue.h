@@ -7,12 +7,15 @@
 namespace orrinvale
 {
 
-// A serial queue on one thread of low priority, which starts with the first work and ends after a while without any.
-// Destruction drops waiting work and does not wait for work that runs.
+class MainQueue;
+
+// A serial queue on one thread, which starts with the first work and ends after a while without any. Work waits while
+// the system refuses the thread. Destruction drops waiting work and does not wait for work that runs.
 class ThreadSerialQueue final : public SerialQueue
 {
 public:
-    explicit ThreadSerialQueue(std::string label);
+    // `retries` outlives the queue, and is where a refused thread is tried again.
+    ThreadSerialQueue(MainQueue& retries, std::string label);
     ~ThreadSerialQueue() override;
 
     void post(std::function<void()> work) override;
@@ -26,7 +29,11 @@ private:
 class ThreadSerialQueues final : public SerialQueues
 {
 public:
+    explicit ThreadSerialQueues(MainQueue& retries) : m_retries(retries) {}
     std::unique_ptr<SerialQueue> make(std::string label) override;
+
+private:
+    MainQueue& m_retries;
 };
 
 } // namespace orrinvale

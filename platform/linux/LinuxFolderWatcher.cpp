@@ -2,21 +2,21 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxFolderWatcher.h"
 
+#include "base/BackgroundThread.h"
+#include "base/Descriptor.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <csignal>
 #include <cstdint>
 #include <map>
 #include <mutex>
 #include <set>
-#include <thread>
 #include <utility>
 
 #include <dirent.h>
 #include <fcntl.h>
 #include <poll.h>
-#include <pthread.h>
 #include <sys/eventfd.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
@@ -56,25 +56,19 @@ std::optional<FolderEntry> entryOf(int folder, const char* name)
 struct LinuxFolderWatcher::Shared {
     using Handler = std::shared_ptr<std::function<void()>>;
 
-    const int inotify = ::inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
-    const int ending = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    const Descriptor inotify{::inotify_init1(IN_CLOEXEC | IN_NONBLOCK)};
+    const Descriptor ending{::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)};
     std::mutex mutex;
     std::multimap<int, Handler> handlers; // by watch descriptor: one folder may be watched twice
     std::set<int> left;                   // watch descriptors that may have lost their last handler
     int opening = 0;
     bool running = false;
 
-    ~Shared()
-    {
-        ::close(inotify);
-        ::close(ending);
-    }
-
     // The folder is opened without the lock: that takes as long as its file system does, and removing must not wait.
     int add(const std::string& path, const Handler& handler)
     {
         countOpening();
-        const auto descriptor = ::inotify_add_watch(inotify, path.c_str(), folderEvents | IN_ONLYDIR);
+        const auto descriptor = ::inotify_add_watch(inotify.get(), path.c_str(), folderEvents | IN_ONLYDIR);
         const std::lock_guard lock(mutex);
         --opening;
         if (descriptor >= 0)
@@ -107,28 +101,21 @@ struct LinuxFolderWatcher::Shared {
             return;
         for (const auto descriptor : std::exchange(left, {})) {
             if (!handlers.contains(descriptor))
-                ::inotify_rm_watch(inotify, descriptor);
+                ::inotify_rm_watch(inotify.get(), descriptor);
         }
     }
 
     // On the first call.
-    static void startThread(const std::shared_ptr<Shared>& shared)
+    static void startThread(const std::shared_ptr<Shared>& shared, MainQueue& retries)
     {
         const std::lock_guard lock(shared->mutex);
-        if (std::exchange(shared->running, true))
-            return;
-        std::thread([shared] {
-            sigset_t all;
-            sigfillset(&all);
-            pthread_sigmask(SIG_BLOCK, &all, nullptr);
-            pthread_setname_np(pthread_self(), "folderwatcher");
-            shared->run();
-        }).detach();
+        if (!std::exchange(shared->running, true))
+            startBackgroundThread(retries, "folderwatcher", [shared] { shared->run(); });
     }
 
     void run()
     {
-        std::array<pollfd, 2> waiting{{{inotify, POLLIN, 0}, {ending, POLLIN, 0}}};
+        std::array<pollfd, 2> waiting{{{inotify.get(), POLLIN, 0}, {ending.get(), POLLIN, 0}}};
         while (::poll(waiting.data(), waiting.size(), -1) > 0 || errno == EINTR) {
             if (waiting[1].revents != 0)
                 return;
@@ -141,7 +128,7 @@ struct LinuxFolderWatcher::Shared {
     {
         alignas(inotify_event) std::array<char, 16384> buffer;
         std::vector<Handler> changed;
-        for (ssize_t length; (length = ::read(inotify, buffer.data(), buffer.size())) > 0;) {
+        for (ssize_t length; (length = ::read(inotify.get(), buffer.data(), buffer.size())) > 0;) {
             for (ssize_t offset = 0; offset < length;) {
                 const auto* event = reinterpret_cast<const inotify_event*>(buffer.data() + offset);
                 offset += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
@@ -164,22 +151,23 @@ struct LinuxFolderWatcher::Shared {
     }
 };
 
-LinuxFolderWatcher::LinuxFolderWatcher() : m_shared(std::make_shared<Shared>()) {}
+LinuxFolderWatcher::LinuxFolderWatcher(MainQueue& retries) : m_retries(retries), m_shared(std::make_shared<Shared>()) {}
 
 LinuxFolderWatcher::~LinuxFolderWatcher()
 {
     const std::uint64_t one = 1;
-    [[maybe_unused]] const auto written = ::write(m_shared->ending, &one, sizeof one);
+    [[maybe_unused]] const auto written = ::write(m_shared->ending.get(), &one, sizeof one);
 }
 
 Cancellable LinuxFolderWatcher::watch(const std::string& path, std::function<void()> onChange)
 {
     const auto watching = m_shared; // the watcher may go while the folder is being opened
+    auto& retries = m_retries;
     const auto handler = std::make_shared<std::function<void()>>(std::move(onChange));
     const auto descriptor = watching->add(path, handler);
     if (descriptor < 0)
         return {};
-    Shared::startThread(watching);
+    Shared::startThread(watching, retries);
     return Cancellable([weak = std::weak_ptr(watching), descriptor, handler] {
         if (const auto shared = weak.lock())
             shared->remove(descriptor, handler);

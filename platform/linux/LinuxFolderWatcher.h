@@ -9,11 +9,15 @@
 namespace orrinvale
 {
 
-// Folder events from inotify on one thread that sleeps until there is one. The thread starts with the first watch.
+class MainQueue;
+
+// Folder events from inotify on one thread that sleeps until there is one. The thread starts with the first watch;
+// events wait while the system refuses it.
 class LinuxFolderWatcher final : public FolderWatcher
 {
 public:
-    LinuxFolderWatcher();
+    // `retries` outlives the watcher, and is where a refused thread is tried again.
+    explicit LinuxFolderWatcher(MainQueue& retries);
     ~LinuxFolderWatcher() override;
 
     [[nodiscard]] Cancellable watch(const std::string& path, std::function<void()> onChange) override;
@@ -21,6 +25,7 @@ public:
 
 private:
     struct Shared;
+    MainQueue& m_retries;
     std::shared_ptr<Shared> m_shared;
 };
 

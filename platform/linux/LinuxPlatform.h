@@ -57,15 +57,15 @@ private:
 
         SystemClock clock;
         QtMainQueue mainQueue;
-        ThreadSerialQueues serialQueues;
-        ThreadSerialQueue background{"com.orrinvale.background"};
-        ThreadSerialQueue applicationFiles{"com.orrinvale.applicationfiles"};
+        ThreadSerialQueues serialQueues{mainQueue};
+        ThreadSerialQueue background{mainQueue, "com.orrinvale.background"};
+        ThreadSerialQueue applicationFiles{mainQueue, "com.orrinvale.applicationfiles"};
         QDBusConnection sessionBus = QDBusConnection::sessionBus();
         SystemBus systemBus{mainQueue, background};
         LinuxApplicationSupport applicationSupport;
         LinuxAppearance appearance;
         LinuxCPUCounters cpuCounters;
-        LinuxFolderWatcher folderWatcher;
+        LinuxFolderWatcher folderWatcher{mainQueue};
         LinuxInstalledApplications installedApplications;
         LinuxLoginItem loginItem;
         LinuxMediaDevices mediaDevices{mainQueue, background};

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "base/ThreadSerialQueue.h"
 
+#include "platform/fake/VirtualTime.h"
+
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -17,7 +19,8 @@ namespace
 
 TEST(ThreadSerialQueue, RunsWorkInOrderAwayFromTheCaller)
 {
-    ThreadSerialQueue queue("com.orrinvale.test");
+    VirtualTime time;
+    ThreadSerialQueue queue(time, "com.orrinvale.test");
     std::string order;
     std::promise<std::thread::id> done;
     queue.post([&] { order += 'a'; });
@@ -29,7 +32,8 @@ TEST(ThreadSerialQueue, RunsWorkInOrderAwayFromTheCaller)
 
 TEST(ThreadSerialQueue, DelayedWorkWaitsAndEarlierWorkOvertakesIt)
 {
-    ThreadSerialQueue queue("test");
+    VirtualTime time;
+    ThreadSerialQueue queue(time, "test");
     std::string order;
     std::promise<void> done;
     const auto begin = std::chrono::steady_clock::now();
@@ -45,7 +49,8 @@ TEST(ThreadSerialQueue, DelayedWorkWaitsAndEarlierWorkOvertakesIt)
 
 TEST(ThreadSerialQueue, CancelledWorkNeverRuns)
 {
-    ThreadSerialQueue queue("test");
+    VirtualTime time;
+    ThreadSerialQueue queue(time, "test");
     std::atomic<bool> ran = false;
     auto token = queue.after(20ms, [&] { ran = true; });
     token.cancel();
@@ -57,7 +62,8 @@ TEST(ThreadSerialQueue, CancelledWorkNeverRuns)
 
 TEST(ThreadSerialQueue, DroppingTheTokenOfRunningWorkDoesNotBlockAndTheWorkCompletes)
 {
-    ThreadSerialQueue queue("test");
+    VirtualTime time;
+    ThreadSerialQueue queue(time, "test");
     std::promise<void> started, release, done;
     auto token = queue.after(0s, [&] {
         started.set_value();
@@ -77,7 +83,8 @@ TEST(ThreadSerialQueue, DestructionDropsWaitingWorkAndDoesNotWaitForRunningWork)
     std::promise<void> started;
     const auto waitingRan = std::make_shared<std::atomic<bool>>(false);
     {
-        ThreadSerialQueue queue("test");
+        VirtualTime time;
+        ThreadSerialQueue queue(time, "test");
         queue.post([&started, release, done] {
             started.set_value();
             release->get_future().wait();

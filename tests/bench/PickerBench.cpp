@@ -45,8 +45,8 @@ struct Machine : FakePlatform {
     explicit Machine(const std::filesystem::path& folder) : installedApplications({folder}) {}
 
     QtMainQueue mainQueue;
-    ThreadSerialQueue background{"background"};
-    ThreadSerialQueue applicationFiles{"applicationfiles"};
+    ThreadSerialQueue background{mainQueue, "background"};
+    ThreadSerialQueue applicationFiles{mainQueue, "applicationfiles"};
     LinuxInstalledApplications installedApplications;
 };
 

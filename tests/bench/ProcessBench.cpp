@@ -65,7 +65,7 @@ private:
 // Made up but for its queues and its process table.
 struct Machine : FakePlatform {
     QtMainQueue mainQueue;
-    ThreadSerialQueue background{"background"};
+    ThreadSerialQueue background{mainQueue, "background"};
     LinuxRunningApplications runningApplications{mainQueue, background, background};
 };
 

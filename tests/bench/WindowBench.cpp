@@ -103,8 +103,8 @@ struct Machine : FakePlatform {
     explicit Machine(const std::string& folder) : userDefaults(folder + "/settings.json") {}
 
     QtMainQueue mainQueue;
-    ThreadSerialQueue background{"background"};
-    ThreadSerialQueue applicationFiles{"applicationfiles"};
+    ThreadSerialQueue background{mainQueue, "background"};
+    ThreadSerialQueue applicationFiles{mainQueue, "applicationfiles"};
     LinuxUserDefaults userDefaults;
 };
 

@@ -331,7 +331,7 @@ struct SlowFolderWatcher final : FolderWatcher {
 
 struct SlowMachine : FakePlatform {
     ThreadedMainQueue mainQueue{time};
-    ThreadSerialQueues serialQueues;
+    ThreadSerialQueues serialQueues{mainQueue};
     SlowFolderWatcher folderWatcher;
 };
 

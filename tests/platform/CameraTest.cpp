@@ -62,7 +62,7 @@ struct CameraTest : testing::Test {
 
     fs::path folder;
     QtMainQueue queue;
-    ThreadSerialQueue background{"test"};
+    ThreadSerialQueue background{queue, "test"};
     std::optional<LinuxCamera> camera;
 };
 

@@ -166,7 +166,7 @@ struct LyingServicesTest : testing::Test {
     QDBusConnection sessionBus = QDBusConnection::sessionBus();
     QDBusConnection systemBus = QDBusConnection::systemBus();
     QtMainQueue queue;
-    ThreadSerialQueue background{"test"};
+    ThreadSerialQueue background{queue, "test"};
     LinuxPowerSources sources{systemBus, queue, background, "/nonexistent"};
     LinuxAppearance appearance{sessionBus, {[] { return false; }, [] { return true; }, [](std::optional<bool>) {}}};
     LinuxPowerAssertions power{sessionBus, systemBus, queue};

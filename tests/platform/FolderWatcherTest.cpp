@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxFolderWatcher.h"
 
+#include "platform/qt/QtMainQueue.h"
 #include "tests/platform/WaitFor.h"
 
 #include <gtest/gtest.h>
@@ -48,7 +49,8 @@ struct FolderWatcherTest : testing::Test {
 
     fs::path folder;
     std::atomic<int> changes = 0;
-    LinuxFolderWatcher watcher;
+    QtMainQueue queue;
+    LinuxFolderWatcher watcher{queue};
 };
 
 // A folder whose file system does not answer, until its end; the administrator alone may mount one.

@@ -220,7 +220,7 @@ TEST(InstalledApplications, WhatTheScanCallsAnApplicationIsWhatItRunsAs)
     }
     EXPECT_EQ(identifier, "com.dropbox.Client");
     QtMainQueue queue;
-    ThreadSerialQueue background("test");
+    ThreadSerialQueue background(queue, "test");
     LinuxRunningApplications applications(queue, background, background);
     const auto child = ::fork();
     if (child == 0)

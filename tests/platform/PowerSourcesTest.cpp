@@ -37,7 +37,7 @@ struct PowerSourcesTest : testing::Test {
     }
 
     QtMainQueue queue;
-    ThreadSerialQueue background{"test"};
+    ThreadSerialQueue background{queue, "test"};
     LinuxPowerSources sources{QDBusConnection::systemBus(), queue, background, "/nonexistent"};
 };
 

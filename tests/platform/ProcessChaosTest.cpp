@@ -124,7 +124,7 @@ TEST_F(ProcessChaosTest, AForkStormHidesNoApplicationAndHoldsUpNobody)
 {
     const Encoder encoder(folder);
     QtMainQueue queue;
-    ThreadSerialQueue background("background"), files("files");
+    ThreadSerialQueue background(queue, "background"), files(queue, "files");
     LinuxRunningApplications applications(queue, background, files);
     LinuxProcessStatus status(queue, background);
     LinuxCamera camera(queue, background);

@@ -35,7 +35,7 @@ TEST(ProcessStatus, ASpinningProcessIsTheFirstRowWithAboutOneCore)
         }
     }
     QtMainQueue queue;
-    ThreadSerialQueue background("test");
+    ThreadSerialQueue background(queue, "test");
     LinuxProcessStatus status(queue, background);
     EXPECT_EQ(status.table(), std::nullopt);
     status.prepare();
@@ -78,7 +78,7 @@ TEST_F(FakeProc, WhatIsForgottenDoesNotComeBack)
 {
     process(10, "a", 1000);
     QtMainQueue queue;
-    ThreadSerialQueue background("test");
+    ThreadSerialQueue background(queue, "test");
     LinuxProcessStatus status(queue, background, folder.string());
     status.prepare();
     EXPECT_TRUE(waitFor([&] { return status.table().has_value(); }));

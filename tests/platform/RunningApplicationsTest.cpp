@@ -440,7 +440,7 @@ TEST(RunningApplications, ARealProcessIsSeenAndItsEndToo)
     std::ofstream(data / "applications/org.example.Ours.desktop")
         << "[Desktop Entry]\nType=Application\nName=Ours\nExec=" << program.string() << " 100\n";
     QtMainQueue queue;
-    ThreadSerialQueue background("test");
+    ThreadSerialQueue background(queue, "test");
     LinuxRunningApplications applications(queue, background, background);
     int changes = 0;
     const auto token = applications.observeChanges([&] { ++changes; });
@@ -477,7 +477,7 @@ TEST(RunningApplications, AFolderOfEntriesThatHangsHoldsUpNoLook)
     fs::create_directory(folder / "10");
     std::ofstream(folder / "10/stat") << "10 (ffmpeg) S 1 1 1 0 -1 0 0 0 0 0 5 0 0 0 20 0 1 0 100 0 0\n";
     QtMainQueue queue;
-    ThreadSerialQueue background("test");
+    ThreadSerialQueue background(queue, "test");
     HangingQueue files;
     LinuxRunningApplications applications(queue, background, files, folder.string());
     applications.refresh();

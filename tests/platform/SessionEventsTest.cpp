@@ -55,7 +55,7 @@ struct SessionEventsTest : testing::Test {
     QtMainQueue queue;
     QDBusConnection first = connect(gnome);
     QDBusConnection second = connect(freedesktop);
-    ThreadSerialQueue background{"test"};
+    ThreadSerialQueue background{queue, "test"};
     LinuxSessionEvents events{QDBusConnection::sessionBus(), QDBusConnection::systemBus(), queue, background,
                               "/nonexistent"};
     std::vector<ScreenPresence> reports;

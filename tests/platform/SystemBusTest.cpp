@@ -52,7 +52,7 @@ pid_t busProcess()
 TEST(SystemBus, OneThatWasStoppedAndStartedAgainIsConnectedToAnewAndTheLockTakenAgain)
 {
     QtMainQueue queue;
-    ThreadSerialQueue background("test");
+    ThreadSerialQueue background(queue, "test");
     SystemBus bus(queue, background);
     LinuxPowerAssertions power(QDBusConnection(QString()), bus.connection(), queue);
     const auto renewals = bus.observe([&](const QDBusConnection& renewed) { power.useSystemBus(renewed); });
@@ -71,7 +71,7 @@ TEST(SystemBus, OneThatWasStoppedAndStartedAgainIsConnectedToAnewAndTheLockTaken
 TEST(SystemBus, OneThatHangsAtTheStartDelaysItByTheBoundAndIsFoundWhenItAnswers)
 {
     QtMainQueue queue;
-    ThreadSerialQueue background("test");
+    ThreadSerialQueue background(queue, "test");
     ASSERT_EQ(::kill(busProcess(), SIGSTOP), 0);
     std::unique_ptr<SystemBus> bus;
     EXPECT_LE(timeTaken([&] { bus = std::make_unique<SystemBus>(queue, background); }), 500ms);
