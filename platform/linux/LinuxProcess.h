@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/StandardDescriptors.h"
 #include "platform/linux/SessionBusGuard.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/TerminationSignals.h"
@@ -11,8 +12,8 @@
 namespace orrinvale
 {
 
-// This process from the first line of main to its last: its locale, its signals, and its place as the only one of the
-// session. To be made before the application object and before any thread. Main thread.
+// This process from the first line of main to its last: its standard descriptors, its locale, its signals, and its
+// place as the only one of the session. To be made before the application object and before any thread. Main thread.
 class LinuxProcess
 {
 public:
@@ -33,6 +34,7 @@ public:
 
 private:
     char** m_arguments;
+    StandardDescriptors m_descriptors; // before anything is opened
     TerminationSignals m_termination;
     SessionBusGuard m_sessionBus;
     SingleInstance m_instance;
