@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/UserLocale.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <initializer_list>
@@ -28,6 +29,29 @@ std::string_view scriptOf(std::string_view modifier)
     return {};
 }
 
+bool isAlphanumeric(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+}
+
+// A language and up to four more parts of at most eight characters each, as every tag of a language has: ICU keeps them
+// in arrays that longer ones overrun.
+bool isWellFormed(std::string_view name)
+{
+    constexpr std::size_t longestPart = 8;
+    constexpr int mostParts = 5;
+    for (int part = 0; part < mostParts; ++part) {
+        const auto end = std::min(name.find('_'), name.size());
+        const auto text = name.substr(0, end);
+        if (text.empty() || text.size() > longestPart || !std::all_of(text.begin(), text.end(), isAlphanumeric))
+            return false;
+        if (end == name.size())
+            return true;
+        name.remove_prefix(end + 1);
+    }
+    return false;
+}
+
 std::string localeIn(const EnvironmentLookup& environment, std::initializer_list<const char*> variables)
 {
     for (const auto* variable : variables) {
@@ -45,7 +69,7 @@ std::string icuLocale(std::string_view posixLocale)
     const auto at = posixLocale.find('@');
     const auto script = at == posixLocale.npos ? std::string_view() : scriptOf(posixLocale.substr(at + 1));
     const std::string name(posixLocale.substr(0, posixLocale.find_first_of(".@")));
-    if (name.empty() || name == "C" || name == "POSIX")
+    if (name == "C" || name == "POSIX" || !isWellFormed(name))
         return "en_US"; // not en_US_POSIX, whose collation tells A from a before all else
     if (script.empty())
         return name;

@@ -21,7 +21,8 @@ using EnvironmentLookup = std::function<const char*(const char* name)>; // nullp
 std::string dateLocaleIn(const EnvironmentLookup& environment);
 std::string collationLocaleIn(const EnvironmentLookup& environment);
 
-// "de_AT.UTF-8@euro" → "de_AT", "sr_RS@latin" → "sr_Latn_RS"; C and POSIX read as American English.
+// "de_AT.UTF-8@euro" → "de_AT", "sr_RS@latin" → "sr_Latn_RS"; C, POSIX and what is no name of a locale read as American
+// English.
 std::string icuLocale(std::string_view posixLocale);
 
 } // namespace orrinvale

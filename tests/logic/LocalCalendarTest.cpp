@@ -210,6 +210,26 @@ TEST(UserLocale, NamesOfTheCLibraryBecomeThoseOfIcu)
     EXPECT_EQ(icuLocale("POSIX"), "en_US");
 }
 
+TEST(UserLocale, WhatIsNoNameOfALocaleReadsAsAmericanEnglish)
+{
+    for (const auto* name : {"", "_", "de_", "_DE", "de__AT", "../../etc", "d e", "ü", "@latin", "a_b_c_d_e_f"})
+        EXPECT_EQ(icuLocale(name), "en_US") << name;
+    EXPECT_EQ(icuLocale("zh_Hant_TW"), "zh_Hant_TW");
+}
+
+// Lengths at which ICU's own arrays end are among them.
+TEST(UserLocale, NamesOfAnyLengthGiveTexts)
+{
+    for (std::size_t length = 1; length < 400; ++length) {
+        for (const auto* rest : {"", "_DE", "_DE.UTF-8@latin"}) {
+            const LocalCalendar calendar("UTC", icuLocale(std::string(length, 'a') + rest));
+            EXPECT_FALSE(calendar.mediumTime(Instant()).empty()) << length << rest;
+            EXPECT_FALSE(calendar.hourText(7).empty()) << length << rest;
+            EXPECT_EQ(calendar.dateKey(Instant()), "1970-01-01");
+        }
+    }
+}
+
 } // namespace
 
 } // namespace orrinvale
