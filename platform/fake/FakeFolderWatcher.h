@@ -18,6 +18,7 @@ public:
     std::vector<std::string> watched;                        // every attempt
     int listings = 0;
     std::function<void()> whileOpening; // what goes on elsewhere during the next attempt
+    std::function<void()> afterListing; // the same once the next listing is taken, before it is used
 
     std::size_t liveWatches() const { return m_watches->size(); }
 
@@ -49,7 +50,10 @@ public:
     {
         ++listings;
         const auto found = folders.find(path);
-        return found == folders.end() ? std::nullopt : std::optional(found->second);
+        const auto listed = found == folders.end() ? std::nullopt : std::optional(found->second);
+        if (const auto meanwhile = std::exchange(afterListing, nullptr))
+            meanwhile();
+        return listed;
     }
 
 private:

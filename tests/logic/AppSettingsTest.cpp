@@ -135,6 +135,22 @@ TEST_F(AppSettingsTest, TheWatchListIsStoredInItsFormAndReadsBackInAnyOrder)
     EXPECT_EQ(read->at(0), (CustomProcess{id, "b", "l", 15}));
 }
 
+TEST_F(AppSettingsTest, ScoresUpToTheLargestNumberAndNoFurtherDecode)
+{
+    const auto scoreOf = [](const std::string& score) -> std::optional<std::int64_t> {
+        const auto read = decodeCustomProcesses(
+            R"([{"id":"0F6B3C2E-9D41-4A57-8E2B-5C1D7A9E3F10","bundleID":"b","label":"l","score":)" + score + "}]");
+        return read ? std::optional(read->at(0).score) : std::nullopt;
+    };
+    EXPECT_EQ(scoreOf("9223372036854775807"), INT64_MAX);
+    EXPECT_EQ(scoreOf("9223372036854775808"), std::nullopt);
+    EXPECT_EQ(scoreOf("-9223372036854775808"), INT64_MIN);
+    EXPECT_EQ(scoreOf("-9223372036854775808.0"), INT64_MIN);
+    EXPECT_EQ(scoreOf("9223372036854774784.0"), 9223372036854774784); // the largest double below
+    EXPECT_EQ(scoreOf("9223372036854775808.0"), std::nullopt);
+    EXPECT_EQ(scoreOf("-9223372036854777856.0"), std::nullopt); // the first double below the smallest
+}
+
 TEST_F(AppSettingsTest, WatchListsOfWrongTypesDoNotDecode)
 {
     for (const auto* text :

@@ -47,6 +47,20 @@ TEST_F(CPUMonitorTest, TheFirstTickComparesAgainstThePrimingMeasurement)
     EXPECT_THAT(details(), ElementsAre("High CPU load at 90 %"));
 }
 
+TEST_F(CPUMonitorTest, ACoreWithASingleTickIsMeasuredAndOneWithNoneIsIdle)
+{
+    startAndRun();
+    for (int tick = 0; tick < 2; ++tick) {
+        ++(*fake.cpuCounters.cores)[0];
+        fake.cpuCounters.addHostLoad(0);
+        time.advance(5s);
+    }
+    EXPECT_THAT(details(), ElementsAre("High CPU load at 100 %"));
+    fake.cpuCounters.addHostLoad(0);
+    time.advance(5s);
+    EXPECT_THAT(details(), IsEmpty());
+}
+
 TEST_F(CPUMonitorTest, OneBusySampleNeverPublishesAndTwoDoOnTheSecond)
 {
     startAndRun();

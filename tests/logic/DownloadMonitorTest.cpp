@@ -146,6 +146,18 @@ TEST_F(DownloadMonitorTest, EventsWhileAScanIsPendingCoalesce)
     EXPECT_GE(fake.folderWatcher.listings - before, 1);
 }
 
+TEST_F(DownloadMonitorTest, AnEventDuringAScanIsSeenWithoutWaitingForThePoll)
+{
+    start();
+    fake.folderWatcher.afterListing = [this] {
+        put("film.part");
+        fake.folderWatcher.notify(folder);
+    };
+    fake.folderWatcher.notify(folder);
+    time.runPending();
+    EXPECT_THAT(details(), ElementsAre("Downloading film.part"));
+}
+
 TEST_F(DownloadMonitorTest, AMissingFolderIsOneLineAndPollsLeaveTheSignalsAlone)
 {
     put("film.part");
