@@ -104,7 +104,7 @@ void ActivityLogWindowController::writeExport(const std::filesystem::path& path,
     if (!m_exports)
         m_exports = platform().serialQueues.make("com.orrinvale.logexport");
     // A queue drops waiting work when it goes: the work keeps it.
-    m_exports->post([queue = m_exports, path, text] { writeFileAtomically(path, text); });
+    m_exports->post([queue = m_exports, path, text] { writeFileAtomically(path, text, FileAccess::asUsual); });
 }
 
 } // namespace orrinvale

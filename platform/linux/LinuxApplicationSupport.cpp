@@ -18,6 +18,8 @@ namespace fs = std::filesystem;
 namespace
 {
 
+constexpr std::uint64_t largestUserDirs = 1024 * 1024;
+
 std::optional<fs::path> absoluteVariable(const char* name)
 {
     const auto* value = std::getenv(name);
@@ -91,7 +93,7 @@ fs::path LinuxApplicationSupport::temporaryDirectory()
 
 std::optional<fs::path> LinuxApplicationSupport::downloadsDirectory()
 {
-    const auto file = readWholeFile(configDirectory() / "user-dirs.dirs");
+    const auto file = readWholeFile(configDirectory() / "user-dirs.dirs", largestUserDirs);
     std::string_view rest = file ? std::string_view(*file) : std::string_view();
     std::optional<fs::path> found;
     while (!rest.empty()) {

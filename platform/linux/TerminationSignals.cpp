@@ -56,6 +56,7 @@ TerminationSignals::TerminationSignals() : m_arrivals(::eventfd(0, EFD_CLOEXEC |
 {
     arrivals = m_arrivals.get();
     setHandler(SIGPIPE, SIG_IGN);
+    setHandler(SIGXFSZ, SIG_IGN);
     setHandler(SIGALRM, SIG_DFL);
     unblock(SIGALRM);
     for (const auto number : handled) {

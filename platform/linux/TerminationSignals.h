@@ -13,9 +13,9 @@
 namespace orrinvale
 {
 
-// Hands SIGTERM, SIGINT and SIGHUP to `onSignal` in a turn of the event loop, and ignores SIGPIPE. A process that has
-// not ended five seconds after the first of them, whatever its main thread waits for, is ended by the system. To be
-// made before any thread is, and once at a time. Main thread.
+// Hands SIGTERM, SIGINT and SIGHUP to `onSignal` in a turn of the event loop, and ignores SIGPIPE and SIGXFSZ, whose
+// calls fail then. A process that has not ended five seconds after the first of them, whatever its main thread waits
+// for, is ended by the system. To be made before any thread is, and once at a time. Main thread.
 class TerminationSignals final : public QObject
 {
     Q_OBJECT
