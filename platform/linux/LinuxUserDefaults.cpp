@@ -3,6 +3,7 @@
 #include "platform/linux/LinuxUserDefaults.h"
 
 #include "base/AtomicFile.h"
+#include "base/JSONNesting.h"
 #include "base/Text.h"
 #include "base/Timestamp.h"
 
@@ -24,7 +25,7 @@ namespace
 
 constexpr auto dateMember = "date";
 constexpr auto dataMember = "data";
-constexpr std::uintmax_t largestFile = 4 * 1024 * 1024; // a hundred times what a long watch list takes
+constexpr std::uint64_t largestFile = 4 * 1024 * 1024; // a hundred times what a long watch list takes
 constexpr int mostSetAside = 100;
 
 std::optional<DefaultsValue> fromObject(const json& value)
@@ -85,10 +86,19 @@ bool isBlank(const std::string& text)
     return text.find_first_not_of(" \t\r\n") == text.npos;
 }
 
+// No object when the text is no settings.
+json parsed(const std::string& text)
+{
+    if (isBlank(text))
+        return json::object();
+    return isNestedTooDeep(text) ? json() : json::parse(text, nullptr, false);
+}
+
 } // namespace
 
 LinuxUserDefaults::LinuxUserDefaults(fs::path file)
-    : m_file(std::move(file)), m_values(std::make_unique<json>(json::object()))
+    : m_file(std::move(file)), m_values(std::make_unique<json>(json::object())),
+      m_unwritten(std::make_unique<json>(json::object()))
 {
     load();
 }
@@ -97,23 +107,28 @@ LinuxUserDefaults::~LinuxUserDefaults() = default;
 
 bool LinuxUserDefaults::load()
 {
-    std::error_code error;
-    const auto status = fs::status(m_file, error);
-    if (status.type() == fs::file_type::not_found) {
-        *m_values = json::object();
+    using Result = FileReading::Result;
+    const auto reading = readFile(m_file, largestFile);
+    if (reading.result == Result::missing)
         return true;
-    }
-    const auto small = fs::is_regular_file(status) && fs::file_size(m_file, error) <= largestFile && !error;
-    const auto text = small ? readWholeFile(m_file) : std::nullopt;
-    if (text) {
-        auto parsed = isBlank(*text) ? json::object() : json::parse(*text, nullptr, false);
-        if (parsed.is_object()) {
-            *m_values = std::move(parsed);
-            return true;
-        }
-    }
+    if (reading.result == Result::refused)
+        return false;
+    auto stored = reading.result == Result::whole ? parsed(reading.bytes) : json();
     // What was read before, if anything, is what the user last chose.
-    return setAside();
+    if (!stored.is_object())
+        return setAside();
+    take(std::move(stored));
+    return true;
+}
+
+// A date tells when something first happened: one that is stored stands against one from a start without the file.
+void LinuxUserDefaults::take(json stored)
+{
+    for (const auto& [key, value] : m_unwritten->items()) {
+        if (!value.is_object() || !value.contains(dateMember) || !stored.contains(key))
+            stored[key] = value;
+    }
+    *m_values = std::move(stored);
 }
 
 bool LinuxUserDefaults::setAside() const
@@ -136,13 +151,14 @@ std::optional<DefaultsValue> LinuxUserDefaults::object(const std::string& key)
 void LinuxUserDefaults::set(const std::string& key, DefaultsValue value)
 {
     const auto mayWrite = load();
-    (*m_values)[key] = std::visit(ToJson(), value);
+    (*m_values)[key] = (*m_unwritten)[key] = std::visit(ToJson(), value);
     if (!mayWrite)
         return;
     std::error_code error;
     if (fs::create_directories(m_file.parent_path(), error))
         fs::permissions(m_file.parent_path(), fs::perms::owner_all, error);
-    writeFileAtomically(m_file, m_values->dump(2, ' ', false, json::error_handler_t::replace) + "\n");
+    if (writeFileAtomically(m_file, m_values->dump(2, ' ', false, json::error_handler_t::replace) + "\n"))
+        *m_unwritten = json::object();
 }
 
 } // namespace orrinvale

@@ -12,6 +12,7 @@
 #include <fstream>
 #include <random>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -221,6 +222,85 @@ TEST_F(UserDefaultsTest, ReaderAfterAKilledWriterFindsAWholeFile)
             << round;
     }
     EXPECT_FALSE(fs::exists(file.string() + ".unreadable"));
+}
+
+TEST_F(UserDefaultsTest, ATextThatNestsVeryDeepIsSetAside)
+{
+    for (const auto levels : {101, 80'000, 1'000'000}) {
+        fs::remove_all(file.parent_path());
+        const auto arrays = std::string(static_cast<std::size_t>(levels), '[');
+        const auto bytes = "{\"a\": " + arrays + std::string(arrays.size(), ']') + "}";
+        write(bytes);
+        LinuxUserDefaults defaults(file);
+        EXPECT_EQ(defaults.object("a"), std::nullopt);
+        EXPECT_EQ(readWholeFile(file.string() + ".unreadable"), bytes);
+    }
+}
+
+// Its target's first byte cannot be read: EIO.
+TEST_F(UserDefaultsTest, AFileThatTheSystemRefusesToReadIsLeftAloneAndReadAgain)
+{
+    fs::create_directories(file.parent_path());
+    fs::create_symlink("/proc/self/mem", file);
+    LinuxUserDefaults defaults(file);
+    defaults.set("firstLaunchDate", Instant(1773480413s));
+    defaults.set("theme", std::string("Dark"));
+    defaults.set("mode", std::string("Off"));
+    EXPECT_EQ(defaults.object("theme"), DefaultsValue(std::string("Dark")));
+    EXPECT_EQ(fs::read_symlink(file), "/proc/self/mem");
+    EXPECT_EQ(std::distance(fs::directory_iterator(file.parent_path()), {}), 1);
+
+    fs::remove(file);
+    write(R"({"firstLaunchDate": {"date": "2026-01-02T03:04:05Z"}, "mode": "Smart", "unknown": 7})");
+    defaults.set("other", true);
+    LinuxUserDefaults again(file);
+    EXPECT_EQ(again.object("firstLaunchDate"), DefaultsValue(Instant(1767323045s)));
+    EXPECT_EQ(again.object("theme"), DefaultsValue(std::string("Dark")));
+    EXPECT_EQ(again.object("mode"), DefaultsValue(std::string("Off")));
+    EXPECT_EQ(again.object("unknown"), DefaultsValue(std::int64_t(7)));
+    EXPECT_EQ(again.object("other"), DefaultsValue(true));
+}
+
+TEST_F(UserDefaultsTest, WithoutADescriptorLeftNothingIsSetAside)
+{
+    write(R"({"a": 1})");
+    const auto child = ::fork();
+    if (child == 0) {
+        const rlimit none{0, 0};
+        ::setrlimit(RLIMIT_NOFILE, &none);
+        LinuxUserDefaults defaults(file);
+        defaults.set("b", true);
+        ::_exit(defaults.object("b") == DefaultsValue(true) ? 0 : 1);
+    }
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(text(), R"({"a": 1})");
+    EXPECT_EQ(std::distance(fs::directory_iterator(file.parent_path()), {}), 1);
+}
+
+TEST_F(UserDefaultsTest, AFileRemovedMeanwhileIsWrittenWithAllThatIsKnown)
+{
+    write(R"({"a": 1, "unknown": [1]})");
+    LinuxUserDefaults defaults(file);
+    fs::remove(file);
+    defaults.set("b", true);
+    EXPECT_EQ(text(), "{\n  \"a\": 1,\n  \"unknown\": [\n    1\n  ],\n  \"b\": true\n}\n");
+}
+
+TEST_F(UserDefaultsTest, WhatCouldNotBeWrittenIsWrittenWithTheNextAssignment)
+{
+    write(R"({"a": 1})");
+    LinuxUserDefaults defaults(file);
+    fs::create_directory(file.parent_path() / ".settings.json.tmp");
+    defaults.set("b", true);
+    EXPECT_EQ(text(), R"({"a": 1})");
+    fs::remove(file.parent_path() / ".settings.json.tmp");
+    defaults.set("c", true);
+    LinuxUserDefaults again(file);
+    EXPECT_EQ(again.object("a"), DefaultsValue(std::int64_t(1)));
+    EXPECT_EQ(again.object("b"), DefaultsValue(true));
+    EXPECT_EQ(again.object("c"), DefaultsValue(true));
 }
 
 } // namespace
