@@ -10,7 +10,7 @@ ActivityLogStore::ActivityLogStore(ApplicationSupport& support, SerialQueues& qu
 {
 }
 
-std::vector<ActivityEntry> ActivityLogStore::load() const
+std::vector<ActivityEntry> ActivityLogStore::load()
 {
     const auto text = m_file.read();
     return text ? decodeActivityLog(*text).value_or(std::vector<ActivityEntry>{}) : std::vector<ActivityEntry>{};

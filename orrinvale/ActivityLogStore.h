@@ -17,7 +17,7 @@ public:
     ActivityLogStore(ApplicationSupport& support, SerialQueues& queues);
 
     // The stored log, newest entry first; empty when the file is missing or anything in it is wrong.
-    std::vector<ActivityEntry> load() const;
+    std::vector<ActivityEntry> load();
     // Schedules the writing of the first 5000 entries.
     void save(std::vector<ActivityEntry> entries);
 

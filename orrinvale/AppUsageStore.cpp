@@ -12,7 +12,7 @@ AppUsageStore::AppUsageStore(ApplicationSupport& support, SerialQueues& queues)
 {
 }
 
-UsageDays AppUsageStore::load() const
+UsageDays AppUsageStore::load()
 {
     const auto text = m_file.read();
     return text ? decodeUsageDays(*text).value_or(UsageDays{}) : UsageDays{};

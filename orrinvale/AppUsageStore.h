@@ -17,7 +17,7 @@ public:
     AppUsageStore(ApplicationSupport& support, SerialQueues& queues);
 
     // Empty when the file is missing or anything in it is wrong.
-    UsageDays load() const;
+    UsageDays load();
     void save(const UsageDays& days);
 
     const std::filesystem::path& fileURL() const { return m_file.fileURL(); }

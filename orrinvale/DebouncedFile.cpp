@@ -12,6 +12,7 @@ using namespace std::chrono_literals;
 
 constexpr auto saveDelay = 300ms;
 constexpr auto folderName = "orrinvale";
+constexpr std::uint64_t largestFile = 4 * 1024 * 1024; // more than 5000 entries with the longest file names take
 
 namespace
 {
@@ -34,9 +35,15 @@ DebouncedFile::DebouncedFile(ApplicationSupport& support, SerialQueues& queues, 
 {
 }
 
-std::optional<std::string> DebouncedFile::read() const
+std::optional<std::string> DebouncedFile::read()
 {
-    return readWholeFile(m_fileURL);
+    auto reading = readFile(m_fileURL, largestFile);
+    if (reading.result == FileReading::Result::whole)
+        return std::move(reading.bytes);
+    std::error_code ignored;
+    if (reading.result == FileReading::Result::unsuitable)
+        std::filesystem::rename(m_fileURL, m_fileURL.string() + ".unreadable", ignored);
+    return std::nullopt;
 }
 
 void DebouncedFile::save(std::function<std::string()> encode)

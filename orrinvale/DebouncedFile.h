@@ -24,8 +24,9 @@ public:
                   std::string queueLabel);
 
     const std::filesystem::path& fileURL() const { return m_fileURL; }
-    // nullopt when the file cannot be read.
-    std::optional<std::string> read() const;
+    // nullopt when the file cannot be read. One that is larger than any of ours is set aside, unread, as
+    // "<name>.unreadable": reading and decoding it would hold up the start.
+    std::optional<std::string> read();
     // Replaces a write that has not begun. `encode` runs on the queue and must own what it reads.
     void save(std::function<std::string()> encode);
 

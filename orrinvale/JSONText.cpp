@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/JSONText.h"
 
+#include "base/JSONNesting.h"
+
 #include <nlohmann/json.hpp>
 
 namespace orrinvale
@@ -16,7 +18,7 @@ std::string jsonString(std::string_view text)
 
 json parseJson(std::string_view text)
 {
-    return json::parse(text, nullptr, false);
+    return isNestedTooDeep(text) ? json(json::value_t::discarded) : json::parse(text, nullptr, false);
 }
 
 const std::string* jsonStringMember(const json& object, const char* name)

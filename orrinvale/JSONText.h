@@ -13,7 +13,7 @@ namespace orrinvale
 // A quoted JSON string: slashes and non-ASCII characters as themselves, broken UTF-8 as U+FFFD.
 std::string jsonString(std::string_view text);
 
-// A discarded value when the text is not JSON.
+// A discarded value when the text is not JSON, or nests deeper than any of ours.
 nlohmann::json parseJson(std::string_view text);
 
 // The member when `object` is an object that has it as a string; else nullptr.

@@ -159,6 +159,32 @@ TEST_F(ActivityLogStoreTest, EntriesFromLongAgoOrFarAheadKeepTheRestOfTheLog)
     EXPECT_EQ(text(), before);
 }
 
+TEST_F(ActivityLogStoreTest, ALogLargerThanAnyOfOursIsSetAsideUnread)
+{
+    write("[]");
+    std::filesystem::resize_file(store.fileURL(), std::uintmax_t(3) << 30);
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_THAT(store.load(), IsEmpty());
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 500ms);
+    EXPECT_EQ(std::filesystem::file_size(store.fileURL().string() + ".unreadable"), std::uintmax_t(3) << 30);
+    saveAndWait({entry("new")});
+    EXPECT_EQ(store.load().size(), 1u);
+}
+
+TEST_F(ActivityLogStoreTest, TheLargestLogOfOurOwnLoads)
+{
+    saveAndWait(std::vector(5000, entry("Downloading " + std::string(255, 'x') + ".crdownload")));
+    EXPECT_EQ(store.load().size(), 5000u);
+}
+
+TEST_F(ActivityLogStoreTest, ATextThatNestsVeryDeepIsAnEmptyLog)
+{
+    const auto deep = std::string(100'000, '[') + std::string(100'000, ']');
+    write(deep);
+    EXPECT_THAT(store.load(), IsEmpty());
+    EXPECT_EQ(text(), deep);
+}
+
 TEST_F(ActivityLogStoreTest, OneBadRecordDiscardsTheWholeFile)
 {
     const std::string good =
