@@ -180,11 +180,14 @@ std::optional<std::vector<FolderEntry>> LinuxFolderWatcher::entries(const std::s
     if (!folder)
         return std::nullopt;
     std::vector<FolderEntry> found;
-    while (const auto* item = ::readdir(folder.get())) {
+    for (;;) {
+        errno = 0; // the end and a failure look alike otherwise
+        const auto* item = ::readdir(folder.get());
+        if (!item)
+            return errno == 0 ? std::optional(std::move(found)) : std::nullopt;
         if (auto entry = entryOf(::dirfd(folder.get()), item->d_name))
             found.push_back(std::move(*entry));
     }
-    return found;
 }
 
 } // namespace orrinvale

@@ -8,7 +8,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <atomic>
+#include <cerrno>
+#include <cstddef>
 #include <filesystem>
 #include <fstream>
 #include <future>
@@ -16,8 +19,13 @@
 #include <utility>
 
 #include <fcntl.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
 #include <sys/mount.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace orrinvale
@@ -224,6 +232,31 @@ TEST_F(FolderWatcherTest, TenThousandEntriesAreListedWell)
     const auto begin = std::chrono::steady_clock::now();
     EXPECT_EQ(watcher.entries(folder)->size(), 10'000u);
     EXPECT_LT(std::chrono::steady_clock::now() - begin, 1s);
+}
+
+// From here on this process cannot list folders.
+bool refuseListing()
+{
+    const std::array<sock_filter, 4> filter{{
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_getdents64, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EIO),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    }};
+    const sock_fprog program{static_cast<unsigned short>(filter.size()), const_cast<sock_filter*>(filter.data())};
+    return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 && ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
+}
+
+TEST_F(FolderWatcherTest, AListingThatBreaksOffIsNoListing)
+{
+    touch("film.part");
+    const auto child = ::fork();
+    if (child == 0)
+        ::_exit(refuseListing() && !watcher.entries(folder) ? 0 : 1);
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(watcher.entries(folder)->size(), 1u);
 }
 
 } // namespace
