@@ -51,7 +51,7 @@ void DesktopStatusItem::waitForTray()
     bus.connect({}, trayPath, tray, QStringLiteral("StatusNotifierHostRegistered"), this, SLOT(notifyTray()));
     askForTray();
     if (isOnX11())
-        m_patience = m_queue.after(patienceOnX11, [this] { embed(); });
+        m_patience = m_queue.after(patienceOnX11, [this] { embedOnceTrayAnswers(); });
 }
 
 // Whether anything shows the items that the tray's service knows of.
@@ -83,6 +83,26 @@ void DesktopStatusItem::notifyTray()
         showToolTip();
     }
     m_notifier->registerWithTray();
+}
+
+// Qt's own item begins by asking the newer tray's service and waits for it, half a minute where that hangs: first it
+// has to answer us, or to be gone.
+void DesktopStatusItem::embedOnceTrayAnswers()
+{
+    auto ping = QDBusMessage::createMethodCall(tray, trayPath, QStringLiteral("org.freedesktop.DBus.Peer"),
+                                               QStringLiteral("Ping"));
+    ping.setAutoStartService(false);
+    auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(ping), this);
+    QObject::connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+        answer->deleteLater();
+        if (m_notifier)
+            return;
+        const auto error = answer->error().type();
+        if (error == QDBusError::NoReply || error == QDBusError::Timeout || error == QDBusError::TimedOut)
+            m_patience = m_queue.after(patienceOnX11, [this] { embedOnceTrayAnswers(); });
+        else
+            embed();
+    });
 }
 
 // Qt's own item, which speaks the older protocol where there is no tray of the newer one.

@@ -35,6 +35,7 @@ protected:
 private:
     void waitForTray();
     void askForTray();
+    void embedOnceTrayAnswers();
     void embed();
 
 private Q_SLOTS:

@@ -17,6 +17,23 @@ from desktop import PROGRAM, DesktopTest, bed, inhibitors
 PATIENCE = 8
 
 
+TRAY = """
+from gi.repository import Gio, GLib
+XML = '''<node><interface name="org.kde.StatusNotifierWatcher"><method name="RegisterStatusNotifierItem">
+<arg type="s" direction="in"/></method><property name="IsStatusNotifierHostRegistered" type="b" access="read"/>
+</interface></node>'''
+def called(_connection, sender, _path, _interface, _method, _parameters, invocation):
+    print("item of", sender, flush=True)
+    invocation.return_value(None)
+def acquired(bus, _name):
+    bus.register_object("/StatusNotifierWatcher", Gio.DBusNodeInfo.new_for_xml(XML).interfaces[0], called,
+                        lambda *_: GLib.Variant("b", True), None)
+Gio.bus_own_name(Gio.BusType.SESSION, "org.kde.StatusNotifierWatcher", 0, acquired,
+                 lambda *_: print("ready", flush=True), None)
+GLib.MainLoop().run()
+"""
+
+
 def process_of(service):
     return int(Path(os.environ["BED"], "pids", service).read_text().split()[0])
 
@@ -109,6 +126,20 @@ class ChaosTest(DesktopTest):
             self.download()
             self.wait_for("inhibitor", inhibitors, PATIENCE)
             self.is_answered()
+
+    def test_a_tray_that_hangs_at_the_start_holds_up_nothing_and_gets_the_item_when_it_goes_on(self):
+        tray = subprocess.Popen(["/usr/bin/python3", "-c", TRAY], stdout=subprocess.PIPE, text=True)
+        self.addCleanup(tray.stdout.close)
+        self.addCleanup(tray.kill)
+        self.assertEqual(tray.stdout.readline(), "ready\n")
+        tray.send_signal(signal.SIGSTOP)
+        self.launch()
+        self.stays_up(2)
+        self.download()
+        self.wait_for("inhibitor", inhibitors, PATIENCE)
+        tray.send_signal(signal.SIGCONT)
+        self.assertIn("item", tray.stdout.readline())
+        self.is_answered()
 
     def test_nothing_of_ours_stands_after_the_end(self):
         before = displayed()
