@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxPowerAssertions.h"
 
+#include "platform/fake/VirtualTime.h"
 #include "platform/qt/QtMainQueue.h"
 #include "tests/platform/PowerService.h"
 
@@ -9,6 +10,8 @@
 
 namespace orrinvale
 {
+
+using namespace std::chrono_literals;
 
 namespace
 {
@@ -41,6 +44,19 @@ TEST(PowerAssertionsOnGnome, InhibitsSuspendAloneUntilReleased)
     EXPECT_EQ(logindLocks(), QStringList(QStringLiteral("idle Manual mode block")));
     power.release(created.id);
     EXPECT_TRUE(waitFor([] { return !isInhibited(suspend) && logindLocks().isEmpty(); }));
+}
+
+TEST(PowerAssertionsOnGnome, SaysThatTheLockCounts)
+{
+    VirtualTime time;
+    LinuxPowerAssertions power(QDBusConnection::sessionBus(), QDBusConnection::systemBus(), time);
+    testing::internal::CaptureStdout();
+    power.create("NoIdleSleepAssertion", 255, "Manual mode");
+    ASSERT_TRUE(waitFor([] { return isInhibited(suspend); }));
+    time.advance(10s);
+    runEventsFor(200ms);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_TRUE(isInhibited(suspend));
 }
 
 TEST(PowerAssertionsOnGnome, DestructionFreesTheLock)

@@ -35,6 +35,10 @@ TEST(PowerAssertionsOnPlasma, InhibitsTheSessionAndLeavesLogindAlone)
     EXPECT_EQ(created.status, 0);
     EXPECT_TRUE(waitFor([] { return isInhibited(); }, 8s));
     EXPECT_EQ(logindLocks(), QStringList());
+    testing::internal::CaptureStdout();
+    runEventsFor(3s); // it is asked whether the lock counts
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_TRUE(isInhibited());
     power.release(created.id);
     EXPECT_TRUE(waitFor([] { return !isInhibited(); }));
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxPowerAssertions.h"
 
+#include "platform/fake/VirtualTime.h"
 #include "platform/qt/QtMainQueue.h"
 #include "tests/platform/PowerService.h"
 
@@ -116,6 +117,19 @@ TEST_F(PowerAssertionsOnLogind, TheDescriptorIsNotInheritedByChildren)
         EXPECT_TRUE(fcntl(std::stoi(entry.path().filename()), F_GETFD) & FD_CLOEXEC) << target;
     }
     EXPECT_EQ(locks, 1);
+}
+
+TEST_F(PowerAssertionsOnLogind, ItsListSaysThatTheLockCounts)
+{
+    VirtualTime time;
+    LinuxPowerAssertions power(QDBusConnection(QString()), QDBusConnection::systemBus(), time);
+    testing::internal::CaptureStdout();
+    const auto created = power.create("NoIdleSleepAssertion", 255, "Manual mode");
+    time.advance(10s);
+    runEventsFor(200ms);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(logindLocks(), m_manualLock);
+    power.release(created.id);
 }
 
 TEST_F(PowerAssertionsOnLogind, OneThatIsStoppedForAMomentHoldsOnceItGoesOn)
