@@ -247,13 +247,15 @@ private:
         auto& self = *static_cast<WaylandLayerSurface*>(data);
         self.m_allGlobalsKnown.reset();
         self.m_surface = surfaceOf(self.m_window);
-        if (self.m_surface && isReal(*QGuiApplication::primaryScreen()) && self.m_shell && self.m_shm &&
-            self.m_viewporter)
+        // Not as an ordinary window either: without a screen there is nothing to see, and sway 1.10 dies of one.
+        const auto client = self.m_client; // whose answers may delete this
+        if (!isReal(*QGuiApplication::primaryScreen()))
+            return client.dismissed();
+        if (self.m_surface && self.m_shell && self.m_shm && self.m_viewporter)
             self.m_buffer = transparentBuffer(self.m_shm.get());
         if (self.m_buffer)
             return self.open();
-        const auto refused = self.m_client.refused; // which may delete this
-        refused();
+        client.refused();
     }
     static constexpr wl_callback_listener globalsListener{allGlobalsKnown};
 
