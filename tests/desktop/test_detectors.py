@@ -2,6 +2,7 @@
 # SPDX-FileCopyrightText: 2026 The orrinvale developers
 # SPDX-License-Identifier: MIT
 """Real load, real notifications."""
+import os
 import re
 import shutil
 import subprocess
@@ -58,6 +59,24 @@ class DetectorsTest(DesktopTest):
             for process in [call, recording]:
                 process.kill()
                 process.wait()
+
+    def test_a_program_counts_until_it_ends_though_nobody_asks_for_its_status(self):
+        entries = self.downloads.parent / "data/applications"
+        entries.mkdir()
+        os.mkfifo(entries / "waits-for-ever.desktop")  # a folder of the user's may hold anything
+        program = shutil.copy(shutil.which("sleep"), self.downloads.parent / "HandBrakeCLI")
+        self.choose()
+        self.launch()
+        careless = subprocess.Popen([sys.executable, "-c", "import os, sys, time\n"
+                                     "os.spawnv(os.P_NOWAIT, sys.argv[1], [sys.argv[1], '15'])\n"
+                                     "time.sleep(1000)", program])
+        try:
+            self.wait_for("encoding", lambda: inhibitors() == [("idle", "HandBrake encoding")], 14)
+            self.wait_for("its end", lambda: self.messages()[:1] == ["Cooldown started"], 30)
+            self.assertIsNone(careless.poll())
+        finally:
+            careless.kill()
+            careless.wait()
 
     def test_notifications_tell_of_both_changes(self):
         def shown():

@@ -126,6 +126,22 @@ TEST_F(CPUMonitorTest, SystemAndNiceCountAsBusy)
     EXPECT_THAT(details(), ElementsAre("Elevated CPU usage at 45 %"));
 }
 
+TEST_F(CPUMonitorTest, OneTickOfACoreIsEnoughToTellItsLoadAndNoneIsNot)
+{
+    startAndRun();
+    for (int i = 0; i < 2; ++i) {
+        fake.cpu.addHostLoad(0);
+        time.advance(5s); // the core stands still
+    }
+    EXPECT_THAT(details(), IsEmpty());
+    for (int i = 0; i < 2; ++i) {
+        fake.cpu.addHostLoad(0);
+        ++fake.cpu.cores->at(0);
+        time.advance(5s);
+    }
+    EXPECT_THAT(details(), ElementsAre("High CPU load at 100 %"));
+}
+
 TEST_F(CPUMonitorTest, TheCauseIsNamedWithItsApplication)
 {
     fake.processStatus.text = header + " 4242 187.0 /opt/My Tools/ffmpeg\n";
