@@ -13,6 +13,7 @@
 #include "orrinvale/WakeEngine.h"
 #include "platform/FilePanels.h"
 #include "platform/Platform.h"
+#include "text/LocalCalendar.h"
 
 namespace orrinvale
 {
