@@ -36,6 +36,7 @@ MenuBarController::MenuBarController(WakeEngine& engine, AppSettings& settings, 
       m_availableGeometry(std::move(availableGeometry)), m_destinations(std::move(destinations))
 {
     m_statusItem.onClick = [this] { handleClick(); };
+    m_statusItem.setMenu(menu());
     drawIcon(WakeState::idle());
     subscribe();
 }
@@ -43,6 +44,7 @@ MenuBarController::MenuBarController(WakeEngine& engine, AppSettings& settings, 
 MenuBarController::~MenuBarController()
 {
     m_statusItem.onClick = nullptr;
+    m_statusItem.setMenu({});
     if (m_popover)
         m_popover->onClose = nullptr;
     delete m_popover;
@@ -105,16 +107,27 @@ void MenuBarController::wireRows()
 {
     auto& content = *m_popoverViewController;
     content.onModeChanged = [this](WakeMode mode) { changeMode(mode); };
-    const auto leadTo = [this](const std::function<void()>& destination) {
-        return [this, &destination] {
-            closePopover();
-            if (destination)
-                destination();
-        };
-    };
     content.onShowLog = leadTo(m_destinations.activityLog);
     content.onShowSettings = leadTo(m_destinations.settings);
     content.onQuit = leadTo(m_destinations.quit);
+}
+
+std::function<void()> MenuBarController::leadTo(const std::function<void()>& destination)
+{
+    return [this, &destination] {
+        closePopover();
+        if (destination)
+            destination();
+    };
+}
+
+// Under the names of the rows that lead to the same.
+StatusMenu MenuBarController::menu()
+{
+    return {{QStringLiteral("Open orrinvale"), [this] { comeForward(); }},
+            {QStringLiteral("Activity Log"), leadTo(m_destinations.activityLog)},
+            {QStringLiteral("Settings"), leadTo(m_destinations.settings)},
+            {QStringLiteral("Quit"), leadTo(m_destinations.quit)}};
 }
 
 void MenuBarController::changeMode(WakeMode mode)

@@ -5,6 +5,7 @@
 #include "base/Cancellable.h"
 #include "orrinvale/Popover.h"
 #include "orrinvale/WakeMode.h"
+#include "tray/StatusMenu.h"
 
 #include <QObject>
 
@@ -52,6 +53,8 @@ private:
     void openPopover(const StatusItemAnchor& anchor);
     void closePopover();
     void wireRows();
+    StatusMenu menu();
+    std::function<void()> leadTo(const std::function<void()>& destination);
     void changeMode(WakeMode mode);
     void popoverClosed(Popover::Closing closing);
     void subscribe();

@@ -15,6 +15,7 @@ namespace
 {
 
 const auto objectPath = QStringLiteral("/StatusNotifierItem");
+const auto menuPath = QStringLiteral("/StatusNotifierItem/Menu");
 const auto tray = QStringLiteral("org.kde.StatusNotifierWatcher");
 constexpr auto activationToken = "XDG_ACTIVATION_TOKEN"; // where Qt looks for it
 
@@ -137,6 +138,16 @@ void StatusNotifierItem::ProvideXdgActivationToken(const QString& token)
 void StatusNotifierItem::forgetActivationToken()
 {
     qunsetenv(activationToken);
+}
+
+StatusNotifierItemWithMenu::StatusNotifierItemWithMenu(const QDBusConnection& bus, StatusMenu menu)
+    : StatusNotifierItem(bus), m_menu(bus, menuPath, std::move(menu))
+{
+}
+
+QDBusObjectPath StatusNotifierItemWithMenu::menu() const
+{
+    return QDBusObjectPath(menuPath);
 }
 
 } // namespace orrinvale

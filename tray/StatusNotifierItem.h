@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tray/StatusNotifierMenu.h"
+
 #include <QDBusConnection>
+#include <QDBusObjectPath>
 #include <QIcon>
 #include <QList>
 #include <QObject>
@@ -33,7 +36,7 @@ NotifierToolTip notifierToolTip(const QString& plainText);
 // Our item by the StatusNotifierItem protocol, on the session bus. It has no menu, not even the name of one: some hosts
 // then pass a right click on instead of showing an empty menu, which Qt's own item makes them do. Main thread.
 // https://www.freedesktop.org/wiki/Specifications/StatusNotifierItem/
-class StatusNotifierItem final : public QObject
+class StatusNotifierItem : public QObject
 {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierItem")
@@ -93,6 +96,22 @@ private:
     QDBusConnection m_bus;
     NotifierPixmaps m_pixmaps;
     NotifierToolTip m_toolTip;
+};
+
+// The same with a menu, for the one host that shows no item without.
+class StatusNotifierItemWithMenu final : public StatusNotifierItem
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierItem")
+    Q_PROPERTY(QDBusObjectPath Menu READ menu CONSTANT)
+
+public:
+    StatusNotifierItemWithMenu(const QDBusConnection& bus, StatusMenu menu);
+
+    QDBusObjectPath menu() const;
+
+private:
+    StatusNotifierMenu m_menu;
 };
 
 } // namespace orrinvale

@@ -15,10 +15,23 @@ from gi.repository import Gio, GLib  # noqa: E402
 
 TRAY = "org.kde.StatusNotifierWatcher"
 ITEM = "org.kde.StatusNotifierItem"
+MENU = "com.canonical.dbusmenu"
+SHELL = "org.gnome.Shell"
 DESCRIPTION = f"""<node><interface name="{TRAY}">
 <method name="RegisterStatusNotifierItem"><arg type="s" direction="in"/></method>
 <property name="IsStatusNotifierHostRegistered" type="b" access="read"/>
 <signal name="StatusNotifierHostRegistered"/></interface></node>"""
+
+
+def session_bus():
+    return Gio.DBusConnection.new_for_address_sync(
+        os.environ["DBUS_SESSION_BUS_ADDRESS"], Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT |
+        Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
+
+
+def own_at_once(bus, name):
+    bus.call_sync("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "RequestName", GLib.Variant("(su)", (name, 0)),
+                  None, 0, 5000, None)
 
 
 class Tray:
@@ -28,9 +41,7 @@ class Tray:
         self.has_host = True
         self.items = []
         self.signals = []
-        self.bus = Gio.DBusConnection.new_for_address_sync(
-            os.environ["DBUS_SESSION_BUS_ADDRESS"], Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT |
-            Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
+        self.bus = session_bus()
         interface = Gio.DBusNodeInfo.new_for_xml(DESCRIPTION).interfaces[0]
         self.bus.register_object("/StatusNotifierWatcher", interface, self.call,
                                  lambda *_: GLib.Variant("b", self.has_host))
@@ -47,12 +58,15 @@ class Tray:
     def go(self):
         Gio.bus_unown_name(self.name)
 
+    def be_gnome_shell(self):
+        own_at_once(self.bus, SHELL)
+
     def show_items(self):
         self.has_host = True
         self.bus.emit_signal(None, "/StatusNotifierWatcher", TRAY, "StatusNotifierHostRegistered", None)
 
-    def ask(self, interface, method, arguments, kind):
-        return self.bus.call_sync(self.items[-1], "/StatusNotifierItem", interface, method, arguments,
+    def ask(self, interface, method, arguments, kind, path="/StatusNotifierItem"):
+        return self.bus.call_sync(self.items[-1], path, interface, method, arguments,
                                   GLib.VariantType(kind) if kind else None, 0, 5000, None).unpack()
 
     def properties(self):
@@ -60,6 +74,18 @@ class Tray:
 
     def click(self, method):
         self.ask(ITEM, method, GLib.Variant("(ii)", (5, 5)), None)
+
+    def menu(self):
+        """The ids of its entries by what they are called, as asked for by the name that the item gives."""
+        path = self.properties()["Menu"]
+        _, (root, properties, entries) = self.ask(MENU, "GetLayout", GLib.Variant("(iias)", (0, -1, [])),
+                                                  "(u(ia{sv}av))", path)
+        assert (root, properties) == (0, {"children-display": "submenu"}), (root, properties)
+        return {properties["label"]: entry for entry, properties, _ in entries}
+
+    def choose(self, title, event="clicked"):
+        self.ask(MENU, "Event", GLib.Variant("(isvu)", (self.menu()[title], event, GLib.Variant("i", 0), 0)), None,
+                 self.properties()["Menu"])
 
     def close(self):
         self.bus.close_sync()
@@ -129,6 +155,44 @@ class TrayTest(DesktopTest):
             self.wait_for("popover", self.has_popover, 3)
             self.tray.click(method)
             self.wait_for("end of the popover", lambda: not self.has_popover(), 3)
+
+    def test_the_tray_of_gnome_shell_is_given_a_menu(self):
+        self.tray.be_gnome_shell()
+        self.tray.come()
+        self.launch()
+        self.wait_for_item()
+        self.assertEqual(list(self.tray.menu()), ["Open orrinvale", "Activity Log", "Settings", "Quit"])
+        self.tray.choose("Open orrinvale", "hovered")
+        self.attend(0.3)
+        self.assertFalse(self.has_popover())
+        self.tray.choose("Open orrinvale")
+        self.wait_for("popover", self.has_popover, 3)
+        self.tray.choose("Settings")
+        self.wait_for("settings", lambda: visible_windows("^orrinvale Settings$"), 3)
+        self.tray.click("Activate")  # a double click
+        self.wait_for("popover", self.has_popover, 3)
+        self.tray.choose("Quit")
+        self.assertEqual(self.program.wait(5), 0)
+
+    def test_a_tray_beside_gnome_shell_is_given_none(self):
+        self.tray.come()
+        beside = session_bus()
+        self.addCleanup(beside.close_sync)
+        own_at_once(beside, SHELL)
+        self.launch()
+        self.wait_for_item()
+        self.assertNotIn("Menu", self.tray.properties())
+
+    def test_an_item_gets_its_menu_when_gnome_shell_takes_the_tray_over(self):
+        self.tray.come()
+        self.launch()
+        self.wait_for_item()
+        self.tray.go()
+        self.attend(0.1)
+        self.tray.be_gnome_shell()
+        self.tray.come()
+        self.wait_for_item(2)
+        self.assertIn("Open orrinvale", self.tray.menu())
 
     def test_a_countdown_sends_texts_and_no_pictures(self):
         self.tray.come()
