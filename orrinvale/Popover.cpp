@@ -73,6 +73,8 @@ void Popover::setColours(const Colours& colours)
 
 QRect Popover::body() const
 {
+    if (m_coversDesktop)
+        return popoverInCorner(m_content->height(), rect());
     return rect().adjusted(m_shadow, m_shadow, -m_shadow, -m_shadow);
 }
 
@@ -89,8 +91,10 @@ void Popover::showAt(const StatusItemAnchor& anchor)
 {
     if (canAskForLayerSurface())
         openLayer(anchor);
-    else
+    else if (hasPopupGrab())
         showInDesktop(anchor);
+    else
+        showOverDesktop();
 }
 
 void Popover::openLayer(const StatusItemAnchor& anchor)
@@ -100,10 +104,9 @@ void Popover::openLayer(const StatusItemAnchor& anchor)
     fitHeight(screen->availableGeometry().height());
     create();
     LayerSurface::Client client;
-    client.refused = [this, anchor] {
+    client.refused = [this] {
         m_layer.reset();
-        setWindowFlags(popoverFlags);
-        showInDesktop(anchor);
+        showOverDesktop();
     };
     client.place = [this, anchor, geometry = screen->geometry()](int availableHeight) {
         auto placement = popoverLayerPlacement(anchor, m_content->height(), geometry, availableHeight);
@@ -131,6 +134,18 @@ void Popover::showInDesktop(const StatusItemAnchor& anchor)
     present();
 }
 
+// Where a client may neither choose its place nor hear of a click elsewhere, its window takes all that the panels
+// leave, with nothing to be seen of it around the popover.
+void Popover::showOverDesktop()
+{
+    m_coversDesktop = true;
+    setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    setMinimumSize(0, 0);
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    setWindowState(Qt::WindowMaximized);
+    present();
+}
+
 void Popover::present()
 {
     show();
@@ -152,6 +167,7 @@ void Popover::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
     m_scrollArea->setGeometry(body());
     applyMask();
+    update();
 }
 
 // Without a compositor nothing is translucent, and what lies outside the corners must not belong to the window.
@@ -248,8 +264,12 @@ bool Popover::event(QEvent* event)
 // Longer content makes a higher popover, up to its most.
 bool Popover::eventFilter(QObject* object, QEvent* event)
 {
-    if (object == m_content && event->type() == QEvent::Resize && isVisible())
-        fitHeight(m_availableHeight);
+    if (object == m_content && event->type() == QEvent::Resize && isVisible()) {
+        if (m_coversDesktop)
+            m_scrollArea->setGeometry(body());
+        else
+            fitHeight(m_availableHeight);
+    }
     return QWidget::eventFilter(object, event);
 }
 

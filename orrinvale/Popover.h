@@ -61,6 +61,7 @@ protected:
 private:
     void openLayer(const StatusItemAnchor& anchor);
     void showInDesktop(const StatusItemAnchor& anchor);
+    void showOverDesktop();
     void present();
     void end(Closing closing);
     void tellClosed();
@@ -72,7 +73,8 @@ private:
     OverlayScrollArea* m_scrollArea;
     Colours m_colours;
     bool m_isComposited;
-    int m_shadow; // its width on each side
+    int m_shadow;                 // its width on each side
+    bool m_coversDesktop = false; // in whose upper right corner the body then is
     std::unique_ptr<LayerSurface> m_layer;
     AvailableGeometry m_availableGeometry;
     int m_availableHeight = 0; // of the screen, in which no panel is

@@ -60,6 +60,13 @@ QPoint popoverPosition(const StatusItemAnchor& anchor, const QSize& size, const 
     return clampedInto(panelCorner(size, screen, available), size, available);
 }
 
+QRect popoverInCorner(int contentHeight, const QRect& window)
+{
+    const auto height = popoverHeight(contentHeight, window.height());
+    return {window.right() + 1 - cornerGap - PopoverLayout::width, window.top() + cornerGap, PopoverLayout::width,
+            height};
+}
+
 LayerPlacement popoverLayerPlacement(const StatusItemAnchor& anchor, int contentHeight, const QRect& screen,
                                      int availableHeight)
 {

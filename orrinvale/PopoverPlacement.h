@@ -30,4 +30,7 @@ QPoint popoverPosition(const StatusItemAnchor& anchor, const QSize& size, const 
 LayerPlacement popoverLayerPlacement(const StatusItemAnchor& anchor, int contentHeight, const QRect& screen,
                                      int availableHeight);
 
+// Its place inside of a window that covers all of the screen's available part.
+QRect popoverInCorner(int contentHeight, const QRect& window);
+
 } // namespace orrinvale
