@@ -32,8 +32,8 @@ public:
     struct Client {
         // There can be none here. The window is as it was, but must be created anew before it is shown.
         std::function<void()> refused;
-        // Where it is to be on a screen with that much height that no panel on a layer takes. Called once.
-        std::function<LayerPlacement(int availableHeight)> place;
+        // Where it is to be on a screen with so much that no panel on a layer takes. Called once.
+        std::function<LayerPlacement(const QSize& available)> place;
         // It has its place, and the window may be shown. Called once.
         std::function<void()> ready;
         // A click elsewhere, or a compositor that takes the surface away. May delete the surface.

@@ -269,9 +269,10 @@ private:
         zwlr_layer_surface_v1_add_listener(m_layer.get(), &layerListener, this);
         zwlr_layer_surface_v1_set_keyboard_interactivity(m_layer.get(),
                                                          ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_EXCLUSIVE);
-        // Between top and bottom, to be told what height there is.
-        zwlr_layer_surface_v1_set_anchor(m_layer.get(), anchorsOf(Qt::TopEdge | Qt::BottomEdge));
-        setSize(m_layer.get(), inSurface(QSize(m_window.width(), 0)));
+        // Between all edges, to be told what room there is.
+        zwlr_layer_surface_v1_set_anchor(m_layer.get(),
+                                         anchorsOf(Qt::TopEdge | Qt::BottomEdge | Qt::LeftEdge | Qt::RightEdge));
+        setSize(m_layer.get(), {0, 0});
         wl_surface_commit(m_surface);
     }
 
@@ -282,7 +283,7 @@ private:
     {
         m_isPlaced = true;
         const auto factor = QHighDpiScaling::factor(&m_window);
-        const auto placement = m_client.place(static_cast<int>(told.height() / factor));
+        const auto placement = m_client.place((QSizeF(told) / factor).toSize());
         const auto margins = (QMarginsF(placement.margins) * factor).toMargins();
         setSize(m_layer.get(), inSurface(placement.size));
         zwlr_layer_surface_v1_set_anchor(m_layer.get(), anchorsOf(placement.edges));

@@ -101,18 +101,20 @@ void Popover::openLayer(const StatusItemAnchor& anchor)
 {
     setWindowFlags(popoverFlags | Qt::BypassWindowManagerHint);
     auto* screen = screenOf(anchor);
-    fitHeight(screen->availableGeometry().height());
+    LayerRoom room{screen->geometry(), m_availableGeometry(*screen)};
+    fitHeight(room.available.height());
     create();
     LayerSurface::Client client;
     client.refused = [this] {
         m_layer.reset();
         showOverDesktop();
     };
-    client.place = [this, anchor, geometry = screen->geometry()](int availableHeight) {
-        auto placement = popoverLayerPlacement(anchor, m_content->height(), geometry, availableHeight);
+    client.place = [this, anchor, room](const QSize& available) mutable {
+        room.withoutLayers = available;
+        auto placement = popoverLayerPlacement(anchor, m_content->height(), room);
         placement.size = placement.size.grownBy(QMargins() + m_shadow);
         placement.margins -= m_shadow;
-        m_availableHeight = availableHeight;
+        m_availableHeight = std::min(available.height(), room.available.height());
         setFixedSize(placement.size);
         return placement;
     };

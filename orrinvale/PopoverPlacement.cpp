@@ -44,6 +44,21 @@ QPoint panelCorner(const QSize& size, const QRect& screen, const QRect& availabl
     return {x, y};
 }
 
+// The desktop's panels may be on layers, and then the margins count from them, or be windows of another kind.
+LayerPlacement besideKnownPanel(const StatusItemAnchor& anchor, int contentHeight, const LayerRoom& room)
+{
+    const QSize size(PopoverLayout::width, popoverHeight(contentHeight, room.available.height()));
+    const QRect place(popoverPosition(anchor, size, room.screen, room.available), size);
+    const auto& counted = room.withoutLayers == room.screen.size() ? room.screen : room.available;
+    const auto left = place.left() - counted.left();
+    const auto top = place.top() - counted.top();
+    const auto right = counted.right() - place.right();
+    const auto bottom = counted.bottom() - place.bottom();
+    return {size,
+            (bottom < top ? Qt::BottomEdge : Qt::TopEdge) | (right < left ? Qt::RightEdge : Qt::LeftEdge),
+            {right < left ? 0 : left, bottom < top ? 0 : top, right < left ? right : 0, bottom < top ? bottom : 0}};
+}
+
 } // namespace
 
 int popoverHeight(int contentHeight, int availableHeight)
@@ -67,10 +82,13 @@ QRect popoverInCorner(int contentHeight, const QRect& window)
             height};
 }
 
-LayerPlacement popoverLayerPlacement(const StatusItemAnchor& anchor, int contentHeight, const QRect& screen,
-                                     int availableHeight)
+LayerPlacement popoverLayerPlacement(const StatusItemAnchor& anchor, int contentHeight, const LayerRoom& room)
 {
+    if (room.available != room.screen)
+        return besideKnownPanel(anchor, contentHeight, room);
     constexpr auto width = PopoverLayout::width;
+    const auto& screen = room.screen;
+    const auto availableHeight = room.withoutLayers.height();
     if (!anchor.pointer)
         return {{width, popoverHeight(contentHeight, availableHeight)},
                 Qt::TopEdge | Qt::RightEdge,

@@ -24,11 +24,17 @@ int popoverHeight(int contentHeight, int availableHeight);
 // else in the corner next to the panel; always wholly on the screen's available part where it fits.
 QPoint popoverPosition(const StatusItemAnchor& anchor, const QSize& size, const QRect& screen, const QRect& available);
 
-// The same as the margins of a layer surface on a screen with that much height that no panel on a layer takes: below or
-// above the pointer, else in the upper right corner, where most panels have their tray. The placement's size is that of
-// a popover with content so high.
-LayerPlacement popoverLayerPlacement(const StatusItemAnchor& anchor, int contentHeight, const QRect& screen,
-                                     int availableHeight);
+// What is known of a screen on which a layer surface is to be.
+struct LayerRoom {
+    QRect screen;
+    QRect available;       // as the desktop tells; the whole screen where it tells nothing
+    QSize withoutLayers{}; // of the screen, what no panel on a layer takes
+};
+
+// The same as the margins of a layer surface. Where the desktop does not tell of its panels: below or above the
+// pointer, else in the upper right corner, where most panels have their tray. The placement's size is that of a popover
+// with content so high.
+LayerPlacement popoverLayerPlacement(const StatusItemAnchor& anchor, int contentHeight, const LayerRoom& room);
 
 // Its place inside of a window that covers all of the screen's available part.
 QRect popoverInCorner(int contentHeight, const QRect& window);

@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/Panels.h"
 
+#include "platform/linux/DBus.h"
 #include "platform/linux/XConnection.h"
 
 #include <QGuiApplication>
 #include <QScreen>
 
 #include <algorithm>
+#include <chrono>
 #include <vector>
 
 namespace orrinvale
@@ -16,6 +18,7 @@ namespace orrinvale
 namespace
 {
 
+constexpr std::chrono::milliseconds plasmasPatience(200);
 constexpr std::uint32_t mostWindows = 4096;
 constexpr auto anyType = XCB_GET_PROPERTY_TYPE_ANY;
 
@@ -81,8 +84,28 @@ QRect partWithoutStruts(const QRect& screen, const QSize& desktop, std::span<con
     return part;
 }
 
+QRect partWithoutPlasmaPanels(const QDBusConnection& bus, const QString& name, const QRect& screen)
+{
+    auto question = QDBusMessage::createMethodCall(
+        QStringLiteral("org.kde.plasmashell"), QStringLiteral("/StrutManager"),
+        QStringLiteral("org.kde.PlasmaShell.StrutManager"), QStringLiteral("availableScreenRect"));
+    question << name;
+    question.setAutoStartService(false);
+    const auto answer = bus.call(question, QDBus::Block, static_cast<int>(plasmasPatience.count()));
+    const auto told = unreadOf(answer.arguments().value(0), "(iiii)");
+    if (!told)
+        return screen;
+    QRect part;
+    *told >> part;
+    const auto isPlausible =
+        screen.contains(part) && part.width() >= screen.width() / 2 && part.height() >= screen.height() / 2;
+    return isPlausible ? part : screen;
+}
+
 QRect partWithoutPanels(const QScreen& screen)
 {
+    if (QGuiApplication::platformName().startsWith(QStringLiteral("wayland")))
+        return partWithoutPlasmaPanels(QDBusConnection::sessionBus(), screen.name(), screen.geometry());
     auto* connection = xConnection();
     if (!connection || QGuiApplication::screens().size() < 2)
         return screen.availableGeometry();

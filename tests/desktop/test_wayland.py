@@ -267,16 +267,20 @@ class WaylandTest(OnWayland):
 
 
 class WithoutLayerShellTest(OnWayland):
-    def test_the_popover_is_an_ordinary_window_that_escape_closes(self):
+    def test_the_popover_is_in_the_corner_and_escape_and_a_click_elsewhere_close_it(self):
         self.choose(hasSeenOnboarding=True)
         with self.weston():
             self.launch()
             self.stays_up(1)
-            self.start_again()
-            self.wait_for("popover", self.popover)
-            self.input("key", "Escape")
-            self.wait_for("end of the popover", lambda: not self.popover(), 3)
-            self.assertIsNone(self.program.poll())
+            for close in [("key", "Escape"), ("mousemove", *ELSEWHERE, "click", "1")]:
+                self.start_again()
+                self.wait_for("popover", self.popover)
+                right = 1280 - 8
+                self.assertEqual([self.colour(x, 300) == GROUND for x in [right - 341, right - 339, right - 2, right]],
+                                 [False, True, True, False])
+                self.input(*close)
+                self.wait_for("end of the popover", lambda: not self.popover(), 3)
+                self.assertIsNone(self.program.poll())
 
     @contextlib.contextmanager
     def weston(self):

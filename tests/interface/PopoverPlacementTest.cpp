@@ -98,7 +98,39 @@ TEST(PopoverHeight, IsThatOfTheContentUpToItsMostAndToTheRoomOnTheScreen)
 
 LayerPlacement inLayer(const StatusItemAnchor& anchor, int availableHeight = 1050, const QRect& on = screen)
 {
-    return popoverLayerPlacement(anchor, popover.height(), on, availableHeight);
+    return popoverLayerPlacement(anchor, popover.height(), {on, on, {on.width(), availableHeight}});
+}
+
+// Of a desktop that tells of its panels: as windows of a kind of their own, or as layers.
+LayerPlacement besidePanel(const StatusItemAnchor& anchor, const QRect& available, const QSize& withoutLayers)
+{
+    return popoverLayerPlacement(anchor, popover.height(), {screen, available, withoutLayers});
+}
+
+TEST(PopoverLayerPlacement, AKnownPanelsPlaceWinsOverTheClicks)
+{
+    const StatusItemAnchor high{{}, QPoint(1500, 1052)};
+    const StatusItemAnchor low{{}, QPoint(1500, 1078)};
+    const auto place = besidePanel(high, abovePanel, screen.size());
+    EXPECT_EQ(besidePanel(low, abovePanel, screen.size()), place);
+    EXPECT_EQ(place, (LayerPlacement{popover, Qt::BottomEdge | Qt::RightEdge, {0, 0, 420 - 170, 30}}));
+    EXPECT_EQ(besidePanel(low, abovePanel, abovePanel.size()),
+              (LayerPlacement{popover, Qt::BottomEdge | Qt::RightEdge, {0, 0, 420 - 170, 0}}))
+        << "a layer's own margin is counted from the panel";
+}
+
+TEST(PopoverLayerPlacement, WithoutAClickItStandsByAKnownPanel)
+{
+    EXPECT_EQ(besidePanel({}, abovePanel, screen.size()),
+              (LayerPlacement{popover, Qt::BottomEdge | Qt::RightEdge, {0, 0, 8, 30 + 8}}));
+    EXPECT_EQ(besidePanel({}, {40, 0, 1880, 1080}, {1880, 1080}),
+              (LayerPlacement{popover, Qt::TopEdge | Qt::LeftEdge, {8, 8, 0, 0}}));
+}
+
+TEST(PopoverInCorner, IsAtTheUpperRightAndNoHigherThanTheRoom)
+{
+    EXPECT_EQ(popoverInCorner(900, {0, 0, 1280, 768}), QRect(QPoint(1280 - 8 - 340, 8), QSize(340, 700)));
+    EXPECT_EQ(popoverInCorner(900, {0, 0, 800, 500}), QRect(QPoint(800 - 8 - 340, 8), QSize(340, 484)));
 }
 
 TEST(PopoverLayerPlacement, IsTheUpperRightCornerWhereNoClickIsKnown)

@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/Panels.h"
 
+#include "tests/platform/ScriptedService.h"
+
+#include <QDBusConnection>
+
 #include <gtest/gtest.h>
 
 #include <ostream>
@@ -73,6 +77,27 @@ TEST(Panels, NonsenseTakesNothing)
     EXPECT_EQ(rest(left, {{most, most, most, most, 0, most, 0, most, 0, most, 0, most}}), left);
     EXPECT_EQ(rest(left, {{0, 0, 700, 0, 0, 0, 0, 0, 0, 1279, 0, 0}}), left) << "more than half of it";
     EXPECT_EQ(rest(left, {{0, 0, 28, 0, 0, 0, 0, 0, 500, 10, 0, 0}}), left) << "from right to left";
+}
+
+QRect onPlasma(const char* name)
+{
+    return partWithoutPlasmaPanels(QDBusConnection::sessionBus(), QString::fromLatin1(name), left);
+}
+
+TEST(PlasmaPanels, TheirDesktopTellsWhatTheyLeave)
+{
+    const ScriptedService plasma(QStringLiteral(PLASMA_PANELS), {});
+    EXPECT_EQ(onPlasma("below"), QRect(0, 0, 1280, 756));
+    EXPECT_EQ(onPlasma("left"), QRect(48, 0, 1232, 800));
+}
+
+TEST(PlasmaPanels, WhereItTellsNothingOrNonsenseTheScreenIsWhole)
+{
+    EXPECT_EQ(onPlasma("below"), left) << "no Plasma";
+    const ScriptedService plasma(QStringLiteral(PLASMA_PANELS), {});
+    EXPECT_EQ(onPlasma("unknown"), left);
+    EXPECT_EQ(onPlasma("tiny"), left);
+    EXPECT_EQ(onPlasma("elsewhere"), left);
 }
 
 } // namespace
