@@ -30,7 +30,8 @@ class LayerSurface
 {
 public:
     struct Client {
-        // There can be none here. The window is as it was, but must be created anew before it is shown.
+        // There can be none here. The window is as it was, but must be created anew before it is shown; it may be kept
+        // for watchKeyboard().
         std::function<void()> refused;
         // Where it is to be on a screen with so much that no panel on a layer takes. Called once.
         std::function<LayerPlacement(const QSize& available)> place;
@@ -42,6 +43,10 @@ public:
 
     virtual ~LayerSurface() = default;
     virtual void resize(const QSize& size) = 0;
+    // For one that was refused, when its window has the keyboard: it is dismissed when the keyboard leaves, be it for a
+    // moment. Qt tells of what lasts only, and a press on a panel of the compositor's own takes the keyboard and gives
+    // it back at once.
+    virtual void watchKeyboard() = 0;
 };
 
 // Must be called before the application object is made, and while there is one thread: it sets a variable of the

@@ -7,6 +7,7 @@
 #include "layer_shell/LayerSurface.h"
 
 #include "base/Descriptor.h"
+#include "layer_shell/KeyboardWatch.h"
 
 #include "viewporter-client.h"
 #include "wlr-layer-shell-unstable-v1-client.h"
@@ -21,7 +22,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <optional>
 #include <sys/mman.h>
 #include <unistd.h>
 #include <vector>
@@ -69,11 +69,6 @@ using Viewport = Proxy<wp_viewport, wp_viewport_destroy>;
 using Shell = Proxy<zwlr_layer_shell_v1, destroyLayerShell>;
 using Layer = Proxy<zwlr_layer_surface_v1, zwlr_layer_surface_v1_destroy>;
 
-wl_display* displayOf(QPlatformNativeInterface& native)
-{
-    return static_cast<wl_display*>(native.nativeResourceForIntegration("wl_display"));
-}
-
 wl_surface* surfaceOf(QWindow& window)
 {
     return static_cast<wl_surface*>(
@@ -104,6 +99,8 @@ std::uint32_t anchorsOf(Qt::Edges edges)
             anchors |= anchor;
     return anchors;
 }
+
+const auto allEdges = anchorsOf(Qt::TopEdge | Qt::BottomEdge | Qt::LeftEdge | Qt::RightEdge);
 
 void setSize(zwlr_layer_surface_v1* layer, const QSize& size)
 {
@@ -144,8 +141,7 @@ public:
         m_viewport.reset(wp_viewporter_get_viewport(viewporter, m_surface));
         m_layer.reset(zwlr_layer_shell_v1_get_layer_surface(shell, m_surface, outputOf(&screen), shieldLayer, purpose));
         zwlr_layer_surface_v1_add_listener(m_layer.get(), &listener, this);
-        zwlr_layer_surface_v1_set_anchor(m_layer.get(),
-                                         anchorsOf(Qt::TopEdge | Qt::BottomEdge | Qt::LeftEdge | Qt::RightEdge));
+        zwlr_layer_surface_v1_set_anchor(m_layer.get(), allEdges);
         zwlr_layer_surface_v1_set_exclusive_zone(m_layer.get(), alsoOverPanels);
         wl_surface_commit(m_surface);
     }
@@ -205,7 +201,8 @@ public:
     WaylandLayerSurface(QWindow& window, QScreen* screen, const Client& client)
         : m_window(window), m_screen(screen), m_client(client)
     {
-        auto* display = displayOf(*QGuiApplication::platformNativeInterface());
+        auto& native = *QGuiApplication::platformNativeInterface();
+        auto* display = static_cast<wl_display*>(native.nativeResourceForIntegration("wl_display"));
         m_registry.reset(wl_display_get_registry(display));
         wl_registry_add_listener(m_registry.get(), &registryListener, this);
         m_allGlobalsKnown.reset(wl_display_sync(display));
@@ -225,6 +222,8 @@ public:
             setSize(m_layer.get(), inSurface(size)); // takes effect with the window's next frame
     }
 
+    void watchKeyboard() override { m_keyboard = std::make_unique<KeyboardWatch>(m_client.dismissed); }
+
 private:
     static void global(void* data, wl_registry* registry, std::uint32_t name, const char* interface,
                        std::uint32_t version)
@@ -239,8 +238,7 @@ private:
         bind(self.m_viewporter, wp_viewporter_interface, 1);
         bind(self.m_shell, zwlr_layer_shell_v1_interface, layerShellVersion);
     }
-    static void globalRemoved(void*, wl_registry*, std::uint32_t) {}
-    static constexpr wl_registry_listener registryListener{global, globalRemoved};
+    static constexpr wl_registry_listener registryListener{global, [](void*, wl_registry*, std::uint32_t) {}};
 
     static void allGlobalsKnown(void* data, wl_callback*, std::uint32_t)
     {
@@ -270,8 +268,7 @@ private:
         zwlr_layer_surface_v1_set_keyboard_interactivity(m_layer.get(),
                                                          ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_EXCLUSIVE);
         // Between all edges, to be told what room there is.
-        zwlr_layer_surface_v1_set_anchor(m_layer.get(),
-                                         anchorsOf(Qt::TopEdge | Qt::BottomEdge | Qt::LeftEdge | Qt::RightEdge));
+        zwlr_layer_surface_v1_set_anchor(m_layer.get(), allEdges);
         setSize(m_layer.get(), {0, 0});
         wl_surface_commit(m_surface);
     }
@@ -329,6 +326,7 @@ private:
     std::vector<Shield*> m_shields;
     wl_surface* m_surface = nullptr;
     Layer m_layer;
+    std::unique_ptr<KeyboardWatch> m_keyboard;
     bool m_isPlaced = false;
 };
 

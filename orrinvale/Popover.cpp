@@ -105,10 +105,7 @@ void Popover::openLayer(const StatusItemAnchor& anchor)
     fitHeight(room.available.height());
     create();
     LayerSurface::Client client;
-    client.refused = [this] {
-        m_layer.reset();
-        showOverDesktop();
-    };
+    client.refused = [this] { showOverDesktop(); };
     client.place = [this, anchor, room](const QSize& available) mutable {
         room.withoutLayers = available;
         auto placement = popoverLayerPlacement(anchor, m_content->height(), room);
@@ -141,7 +138,9 @@ void Popover::showInDesktop(const StatusItemAnchor& anchor)
 void Popover::showOverDesktop()
 {
     m_coversDesktop = true;
+    auto refused = std::move(m_layer); // which would be given back with the surface
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    m_layer = std::move(refused);
     setMinimumSize(0, 0);
     setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     setWindowState(Qt::WindowMaximized);
@@ -260,6 +259,8 @@ bool Popover::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowDeactivate && isVisible() && !hasPopupGrab())
         end(Closing::elsewhere);
+    if (event->type() == QEvent::WindowActivate && m_coversDesktop && m_layer)
+        m_layer->watchKeyboard();
     return QWidget::event(event);
 }
 
