@@ -130,13 +130,13 @@ TEST_F(CPUMonitorTest, OneTickOfACoreIsEnoughToTellItsLoadAndNoneIsNot)
 {
     startAndRun();
     for (int i = 0; i < 2; ++i) {
-        fake.cpu.addHostLoad(0);
+        fake.cpuCounters.addHostLoad(0);
         time.advance(5s); // the core stands still
     }
     EXPECT_THAT(details(), IsEmpty());
     for (int i = 0; i < 2; ++i) {
-        fake.cpu.addHostLoad(0);
-        ++fake.cpu.cores->at(0);
+        fake.cpuCounters.addHostLoad(0);
+        ++fake.cpuCounters.cores->at(0);
         time.advance(5s);
     }
     EXPECT_THAT(details(), ElementsAre("High CPU load at 100 %"));
