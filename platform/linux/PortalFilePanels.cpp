@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/PortalFilePanels.h"
 
+#include "base/UUID.h"
+
 #include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
 #include <QFile>
@@ -9,8 +11,6 @@
 #include <QUrl>
 
 #include <chrono>
-
-#include <unistd.h>
 
 namespace orrinvale
 {
@@ -79,9 +79,11 @@ QString parentName(FilePanels::WindowId window)
     return isX11 && window ? QStringLiteral("x11:%1").arg(window, 0, 16) : QString();
 }
 
+// It cannot be guessed: whoever knows it is the portal.
 QString tokenOf(int number)
 {
-    return QStringLiteral("orrinvale%1_%2").arg(::getpid()).arg(number);
+    static const auto secret = QString::fromStdString(UUID::random().text()).remove(u'-');
+    return QStringLiteral("orrinvale%1_%2").arg(secret).arg(number);
 }
 
 // The path that a request of ours will have, so that its answer cannot be missed.
@@ -141,7 +143,8 @@ Cancellable PortalFilePanels::ask(const QString& method, const QString& title, W
     const auto number = ++m_lastNumber;
     options[QStringLiteral("handle_token")] = tokenOf(number);
     options[QStringLiteral("modal")] = true;
-    m_open[number] = {std::make_unique<DBusSignal>(m_bus, service, requestPath(m_bus, number), requestInterface,
+    // Whoever sends it: to name the portal would wait for the bus to say who that is.
+    m_open[number] = {std::make_unique<DBusSignal>(m_bus, QString(), requestPath(m_bus, number), requestInterface,
                                                    QStringLiteral("Response"),
                                                    [this, number](const auto& response) { finish(number, response); }),
                       std::move(answer),

@@ -101,6 +101,8 @@ public:
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override
     {
         ++answers;
+        if (message.member() == u"OpenFile")
+            token = memberOf<QString>(mapOf(message, 2), QStringLiteral("handle_token")).value_or(QString());
         return bus.send(message.createReply(truths.value(message.member(), lie)));
     }
     void tell(const char* path, const char* interface, const char* name, const QVariantList& body)
@@ -113,6 +115,7 @@ public:
 
     int answers = 0;
     QVariantList lie;
+    QString token;                      // of the last question for a folder
     QMap<QString, QVariantList> truths; // by the method
 
 private:
@@ -149,10 +152,10 @@ struct LyingServicesTest : testing::Test {
         desktop.tell(portalPath, "org.freedesktop.portal.Settings", "SettingChanged", body);
         desktop.tell(requestPath().c_str(), "org.freedesktop.portal.Request", "Response", body);
     }
-    static std::string requestPath()
+    std::string requestPath() const
     {
         auto sender = QDBusConnection::sessionBus().baseService().mid(1).replace(u'.', u'_').toStdString();
-        return "/org/freedesktop/portal/desktop/request/" + sender + "/orrinvale" + std::to_string(::getpid()) + "_1";
+        return "/org/freedesktop/portal/desktop/request/" + sender + '/' + desktop.token.toStdString();
     }
 
     LyingService system{QDBusConnection::SystemBus,
@@ -182,6 +185,7 @@ TEST_F(LyingServicesTest, NoSignalOfAWrongShapeEndsAnyOfUsAndTheNextRightOneIsHe
     const auto token = events.observe([&](ScreenPresence presence) { presences.push_back(presence); });
     const auto open = panels.chooseFolder({}, [](const auto&) {});
     appearance.prime(QDeadlineTimer(100ms));
+    ASSERT_TRUE(waitFor([&] { return !desktop.token.isEmpty(); }));
     for (const auto& body : wrongBodies())
         tellEverything(body);
     runEventsFor(200ms);

@@ -8,6 +8,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <csignal>
+#include <fstream>
+
 namespace orrinvale
 {
 
@@ -53,6 +56,20 @@ protected:
     std::vector<std::optional<Path>> m_answers;
     Cancellables m_tokens;
 };
+
+TEST_F(PortalFilePanelsTest, ABusThatHangsHoldsUpNothing)
+{
+    std::ifstream pids(qEnvironmentVariable("BED").toStdString() + "/pids/session-bus");
+    pid_t bus = 0;
+    ASSERT_TRUE(pids >> bus);
+    ASSERT_EQ(::kill(bus, SIGSTOP), 0);
+    const auto begin = std::chrono::steady_clock::now();
+    chooseFolder();
+    chooseFile();
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 1s);
+    EXPECT_TRUE(othersAreAsked());
+    ::kill(bus, SIGCONT);
+}
 
 TEST_F(PortalFilePanelsTest, AsksThePortalForOneFolder)
 {
