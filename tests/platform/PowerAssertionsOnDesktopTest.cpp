@@ -200,6 +200,24 @@ TEST_F(PowerAssertionsOnDesktop, AServiceThatReturnsIsAskedAgain)
     EXPECT_TRUE(service->logs(m_powerManagementHeld + QStringList{QStringLiteral("UnInhibit 41")}));
 }
 
+TEST_F(PowerAssertionsOnDesktop, OneThatKeepsRestartingIsAskedOnceItRests)
+{
+    auto service = std::make_unique<PowerService>(kind("power-management"));
+    reset();
+    const auto created = create();
+    ASSERT_EQ(created.status, 0);
+    int asked = 0;
+    for (int i = 0; i < 8; ++i) {
+        service.reset();
+        service = std::make_unique<PowerService>(kind("power-management"));
+        runEventsFor(50ms);
+        asked += static_cast<int>(service->log().size());
+    }
+    EXPECT_EQ(asked, 0);
+    EXPECT_TRUE(service->logs(m_powerManagementHeld));
+    m_power->release(created.id);
+}
+
 TEST_F(PowerAssertionsOnDesktop, ACookieIsNeverGivenBackToAnotherOwner)
 {
     auto first = std::make_unique<PowerService>(kind("power-management"));
