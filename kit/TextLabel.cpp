@@ -7,6 +7,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QTextLayout>
+#include <QTextOption>
 
 #include <cmath>
 #include <utility>
@@ -126,7 +127,16 @@ int TextLabel::heightFor(int width, int lineHeight) const
 
 int TextLabel::naturalWidth() const
 {
-    return static_cast<int>(std::ceil(QFontMetricsF(font()).horizontalAdvance(text())));
+    // Measured as lines are broken: there an overhang of the last character counts, which is no part of its advance.
+    QTextLayout layout(text(), font());
+    QTextOption onOneLine;
+    onOneLine.setWrapMode(QTextOption::NoWrap);
+    layout.setTextOption(onOneLine);
+    layout.beginLayout();
+    auto line = layout.createLine();
+    line.setLineWidth(0);
+    layout.endLayout();
+    return static_cast<int>(std::ceil(line.naturalTextWidth()));
 }
 
 void TextLabel::updateToolTip()

@@ -104,6 +104,19 @@ TEST_F(TextLabelTest, AWrappingTextLosesNothingOfALineThatFitsExactly)
     EXPECT_EQ(wrapping.heightFor(wrapping.naturalWidth(), 16), 16);
 }
 
+TEST_F(TextLabelTest, ItsNaturalWidthIsEnoughForOneLineAtEverySize)
+{
+    for (const auto* text : {"Your Mac can sleep normally", "fff", "Wave AWAY", "/ / j"}) {
+        wrapping.setContent(QString::fromUtf8(text));
+        for (auto pixels = 9.0; pixels < 30; pixels += 0.1) {
+            auto font = QApplication::font();
+            font.setPointSizeF(pixels * 72 / 96);
+            wrapping.setStyle(font, Qt::black);
+            EXPECT_EQ(wrapping.heightFor(wrapping.naturalWidth(), 1), 1) << pixels << ": " << text;
+        }
+    }
+}
+
 TEST_F(TextLabelTest, AnElidingTextIsAlwaysOneLine)
 {
     dress(eliding, longName, 100);
