@@ -47,7 +47,7 @@ bool FeedbackWindow::event(QEvent* event)
 
 void FeedbackWindow::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Escape)
+    if (event->key() == Qt::Key_Escape && !event->isAutoRepeat())
         close();
     else
         QWidget::keyPressEvent(event);

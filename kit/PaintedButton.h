@@ -8,7 +8,8 @@ namespace orrinvale
 {
 
 // A button that is painted by its subclass from the state kept here: hover, press, and a focus ring that shows only
-// after keyboard use. Space, Return and Enter act like a click. Its text is its accessible name.
+// after keyboard use. Space, Return and Enter act like a click, once however long they are held. A double click acts on
+// the button that it began on and on none that comes to stand in its place. Its text is its accessible name.
 class PaintedButton : public QAbstractButton
 {
     Q_OBJECT

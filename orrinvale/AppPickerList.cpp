@@ -214,7 +214,8 @@ void AppPickerList::keyPressEvent(QKeyEvent* event)
         else if (m_model->count() > 0)
             setCursorRow(*row);
     } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        chooseOrAdd();
+        if (!event->isAutoRepeat()) // held, it would choose and add at once
+            chooseOrAdd();
     } else if (event->key() == Qt::Key_Space) {
         choose(currentIndex());
     } else if (!event->text().isEmpty() && event->text().at(0).isPrint()) {

@@ -139,6 +139,8 @@ void AppPickerSheet::layOutCard()
 void AppPickerSheet::keyPressEvent(QKeyEvent* event)
 {
     event->accept();
+    if (event->isAutoRepeat())
+        return;
     if (event->key() == Qt::Key_Escape)
         m_picker.cancel();
     else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)

@@ -133,7 +133,7 @@ void ModeToggleControl::keyPressEvent(QKeyEvent* event)
         event->ignore();
         return;
     }
-    if (wanted < 0 || wanted > last || wanted == m_selectedIndex)
+    if (wanted < 0 || wanted > last || wanted == m_selectedIndex || event->isAutoRepeat())
         return;
     tap(wanted);
     m_buttons[wanted]->setFocus(Qt::TabFocusReason);

@@ -116,7 +116,7 @@ void ThemeTiles::keyPressEvent(QKeyEvent* event)
     const auto next = chosen == m_tiles.end() ? -1 : destination(event->key(), present);
     if (next < 0)
         return event->ignore();
-    if (next == present)
+    if (next == present || event->isAutoRepeat())
         return;
     m_tiles[static_cast<std::size_t>(next)]->click();
     m_tiles[static_cast<std::size_t>(next)]->setFocus(Qt::TabFocusReason);

@@ -72,10 +72,10 @@ void WatchListRow::layOut()
 
 void WatchListRow::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Delete)
-        m_deleteButton->click();
-    else
+    if (event->key() != Qt::Key_Delete)
         event->ignore();
+    else if (!event->isAutoRepeat()) // held, it would delete the rows that follow
+        m_deleteButton->click();
 }
 
 void WatchListRow::resizeEvent(QResizeEvent*)

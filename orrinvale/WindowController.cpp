@@ -44,7 +44,8 @@ protected:
 
     void keyPressEvent(QKeyEvent* event) override
     {
-        if (event->key() == Qt::Key_Escape && m_closing == Closing::byUser)
+        const auto isEscape = event->key() == Qt::Key_Escape && !event->isAutoRepeat(); // held, it closed a sheet
+        if (isEscape && m_closing == Closing::byUser)
             close();
     }
 

@@ -94,6 +94,17 @@ struct AppPickerSheetTest : InterfaceFixture {
     int dismissed = 0;
 };
 
+TEST_F(AppPickerSheetTest, AHeldReturnChoosesARowAndDoesNotAddIt)
+{
+    openLoaded();
+    press(Qt::Key_Down);
+    hold(Qt::Key_Return);
+    EXPECT_EQ(chosen(), "Blender");
+    EXPECT_TRUE(added.empty());
+    hold(Qt::Key_Return);
+    EXPECT_EQ(added.size(), 1U);
+}
+
 TEST_F(AppPickerSheetTest, StandsInTheMiddleAndCoversTheContent)
 {
     open();

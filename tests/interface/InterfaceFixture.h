@@ -7,7 +7,9 @@
 
 #include <QApplication>
 #include <QColor>
+#include <QKeyEvent>
 #include <QWidget>
+#include <QWindow>
 #include <QtTest/QTest>
 
 #include <ostream>
@@ -58,6 +60,34 @@ struct InterfaceFixture : LogicFixture {
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             time.runPending();
         }
+    }
+    // A key held down for a while: its repetitions go to whatever has the focus by then.
+    void hold(Qt::Key key)
+    {
+        const auto send = [this, key](QEvent::Type type, bool isRepetition) {
+            QKeyEvent event(type, key, Qt::NoModifier, QString(), isRepetition);
+            if (auto* focused = QApplication::focusWidget())
+                QApplication::sendEvent(focused, &event);
+            settle();
+        };
+        send(QEvent::KeyPress, false);
+        for (int i = 0; i < 5; ++i) {
+            send(QEvent::KeyRelease, true);
+            send(QEvent::KeyPress, true);
+        }
+        send(QEvent::KeyRelease, false);
+    }
+    // Clicks in one place of a window, as quick as those of a double click, on whatever is there by then.
+    void clickQuickly(QWidget& window, const QPoint& place, int times)
+    {
+        constexpr auto between = 100; // ms
+        for (int i = 0; i < times; ++i) {
+            const auto before = QTest::lastMouseTimestamp;
+            QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, place);
+            QTest::lastMouseTimestamp = before + between;
+            settle();
+        }
+        QTest::lastMouseTimestamp += 1000;
     }
 
     TemporaryFolder support;

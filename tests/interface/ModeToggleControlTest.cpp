@@ -230,6 +230,14 @@ TEST_F(ModeToggleControlTest, ArrowsStopAtTheEnds)
     EXPECT_EQ(control.selectedIndex(), 2);
 }
 
+TEST_F(ModeToggleControlTest, AHeldArrowChoosesTheNextSegmentOnly)
+{
+    activate();
+    segment(0).setFocus(Qt::TabFocusReason);
+    hold(Qt::Key_Right);
+    EXPECT_THAT(chosen, ElementsAre(1));
+}
+
 TEST_F(ModeToggleControlTest, SpaceReturnAndEnterTapTheSegment)
 {
     for (const auto key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter})

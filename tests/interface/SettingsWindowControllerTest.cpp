@@ -148,6 +148,17 @@ TEST_F(SettingsWindowControllerTest, EscapeClosesItFromWhereverTheFocusIs)
     }
 }
 
+TEST_F(SettingsWindowControllerTest, AHeldEscapeClosesThePickerAlone)
+{
+    open();
+    view().watchList().addButton().click();
+    settle();
+    ASSERT_NE(controller().appPicker(), nullptr);
+    hold(Qt::Key_Escape);
+    EXPECT_EQ(controller().appPicker(), nullptr);
+    EXPECT_TRUE(controller().window().isVisible());
+}
+
 TEST_F(SettingsWindowControllerTest, TheColumnScrollsAloneAndTakesItsWholeWidth)
 {
     open();

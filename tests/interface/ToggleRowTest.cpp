@@ -52,6 +52,22 @@ TEST_F(ToggleRowTest, StandsAsItWasDrawn)
     EXPECT_EQ(row->switchRect().left() - row->text().geometry().right() - 1, 16);
 }
 
+TEST_F(ToggleRowTest, AHeldKeyTurnsItOnce)
+{
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    row->setFocus();
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space})
+        hold(key);
+    EXPECT_THAT(toggled, ElementsAre(true, false, true));
+}
+
+TEST_F(ToggleRowTest, ADoubleClickTurnsItAndBack)
+{
+    clickQuickly(window, row->geometry().center(), 2);
+    EXPECT_THAT(toggled, ElementsAre(true, false));
+}
+
 TEST_F(ToggleRowTest, SaysWhatItIs)
 {
     EXPECT_EQ(row->text().titleLabel().text(), QStringLiteral("Start at Login"));

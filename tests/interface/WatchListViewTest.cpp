@@ -215,6 +215,39 @@ TEST_F(WatchListViewTest, TheDeleteKeyRemovesTheRowOfItsButton)
     EXPECT_TRUE(deleteButton(0).hasFocus());
 }
 
+TEST_F(WatchListViewTest, AHeldKeyDeletesOneRow)
+{
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_Delete}) {
+        watch({"One", "Two", "Three", "Four"});
+        deleteButton(1).setFocus(Qt::TabFocusReason);
+        hold(key);
+        EXPECT_EQ(labels(), list({"One", "Three", "Four"})) << key;
+    }
+}
+
+TEST_F(WatchListViewTest, ADoubleOrTripleClickDeletesOneRowAndTheNextClickAnother)
+{
+    for (const auto clicks : {1, 2, 3}) {
+        watch({"One", "Two", "Three", "Four"});
+        const auto place = deleteButton(1).mapTo(&window, middleOf(deleteButton(1)));
+        clickQuickly(window, place, clicks);
+        EXPECT_EQ(labels(), list({"One", "Three", "Four"})) << clicks;
+        clickQuickly(window, place, 1);
+        EXPECT_EQ(labels(), list({"One", "Four"})) << clicks;
+    }
+}
+
+TEST_F(WatchListViewTest, QuickClicksOnTwoRowsDeleteBoth)
+{
+    watch({"One", "Two", "Three"});
+    clickQuickly(window, deleteButton(2).mapTo(&window, middleOf(deleteButton(2))), 1);
+    QTest::lastMouseTimestamp -= 1000;
+    clickQuickly(window, deleteButton(0).mapTo(&window, middleOf(deleteButton(0))), 1);
+    EXPECT_EQ(labels(), list({"Two"}));
+}
+
 TEST_F(WatchListViewTest, TheTabKeyGoesFromRowToRowAndToTheAddButton)
 {
     QWidget behind(&window);
