@@ -93,7 +93,10 @@ void ActivityLogWindowController::clearLog()
 
 void ActivityLogWindowController::exportLog()
 {
+    if (m_exportPanel)
+        return; // the question stands
     const auto write = [text = logExportText(m_entries, m_calendar), this](const auto& path) {
+        m_exportPanel.cancel();
         if (path)
             writeExport(*path, text);
     };

@@ -34,7 +34,8 @@ public:
     void showWindow() override;
     // Empties the log at once, without a question.
     void clearLog();
-    // Asks where to, and writes the log as it was when asked; a failure to write is passed over.
+    // Asks where to, unless the panel is open already, and writes the log as it was when asked; a failure to write is
+    // passed over.
     void exportLog();
     void appearanceChanged();
 
@@ -57,7 +58,7 @@ private:
     ActivityLogView* m_view; // the window's
     Instant m_selectedDate;
     std::shared_ptr<SerialQueue> m_exports; // its own: the chosen folder may be slow or never answer
-    Cancellable m_exportPanel;
+    Cancellable m_exportPanel;              // while it is open
     Cancellables m_cancellables;
 };
 

@@ -197,7 +197,10 @@ void SettingsView::showDownloadsFolder(const std::string& path)
 
 void SettingsView::chooseDownloadsFolder()
 {
+    if (m_folderPanel)
+        return; // the question stands
     const auto take = [this](const std::optional<std::filesystem::path>& folder) {
+        m_folderPanel.cancel();
         if (folder)
             m_settings.downloadsFolderPath.set(folder->string());
     };

@@ -110,7 +110,7 @@ private:
     ThresholdsRow* m_thresholds = nullptr;
     WatchListView* m_watchList = nullptr;
     ButtonRow* m_feedback = nullptr;
-    Cancellable m_folderPanel;
+    Cancellable m_folderPanel; // while it is open
     Cancellables m_cancellables;
 };
 

@@ -33,12 +33,14 @@ public:
             answer(std::move(path));
     }
 
+    int questions = 0;
     std::optional<FolderRequest> folderRequest;
     std::optional<SaveRequest> saveRequest;
 
 private:
     Cancellable open(Answer answer)
     {
+        ++questions;
         m_answer = std::move(answer);
         return Cancellable(m_lifetime.unlessGone([this, number = ++m_lastNumber] {
             if (number == m_lastNumber)

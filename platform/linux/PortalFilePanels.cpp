@@ -11,6 +11,7 @@
 #include <QUrl>
 
 #include <chrono>
+#include <vector>
 
 namespace orrinvale
 {
@@ -107,8 +108,10 @@ std::optional<std::filesystem::path> chosenPath(const QDBusMessage& response)
 } // namespace
 
 PortalFilePanels::PortalFilePanels(const QDBusConnection& sessionBus, FilePanels& otherwise)
-    : m_bus(sessionBus), m_otherwise(otherwise)
+    : m_bus(sessionBus), m_otherwise(otherwise),
+      m_portal(service, sessionBus, QDBusServiceWatcher::WatchForUnregistration)
 {
+    QObject::connect(&m_portal, &QDBusServiceWatcher::serviceUnregistered, this, &PortalFilePanels::portalGone);
     qDBusRegisterMetaType<PortalFilterRule>();
     qDBusRegisterMetaType<QList<PortalFilterRule>>();
     qDBusRegisterMetaType<PortalFilter>();
@@ -148,7 +151,8 @@ Cancellable PortalFilePanels::ask(const QString& method, const QString& title, W
                                                    QStringLiteral("Response"),
                                                    [this, number](const auto& response) { finish(number, response); }),
                       std::move(answer),
-                      {}};
+                      {},
+                      false};
     const auto call = QDBusMessage::createMethodCall(service, path, fileChooser, method)
                       << parentName(window) << title << options;
     auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, static_cast<int>(patience.count())), this);
@@ -157,6 +161,8 @@ Cancellable PortalFilePanels::ask(const QString& method, const QString& title, W
                          finished->deleteLater();
                          if (finished->isError())
                              askTheOthers(number, otherwise);
+                         else if (const auto request = m_open.find(number); request != m_open.end())
+                             request->second.isAccepted = true;
                      });
     return Cancellable(m_lifetime.unlessGone([this, number] { takeBack(number); }));
 }
@@ -172,6 +178,17 @@ void PortalFilePanels::askTheOthers(int number, const Otherwise& otherwise)
 {
     if (const auto request = m_open.find(number); request != m_open.end())
         request->second.otherwise = otherwise([this, number](const auto& chosen) { answer(number, chosen); });
+}
+
+// Its panels went with it, and no answer will come.
+void PortalFilePanels::portalGone()
+{
+    std::vector<int> numbers;
+    for (const auto& [number, request] : m_open)
+        if (request.isAccepted)
+            numbers.push_back(number);
+    for (const auto number : numbers)
+        answer(number, std::nullopt);
 }
 
 void PortalFilePanels::answer(int number, const std::optional<std::filesystem::path>& chosen)

@@ -32,17 +32,20 @@ private:
     void finish(int number, const QDBusMessage& response);
     void answer(int number, const std::optional<std::filesystem::path>& chosen);
     void takeBack(int number);
+    void portalGone();
 
     struct Request {
         std::unique_ptr<DBusSignal> response;
         Answer answer;
-        Cancellable otherwise; // the question that the other panels were asked
+        Cancellable otherwise;   // the question that the other panels were asked
+        bool isAccepted = false; // by the portal
     };
 
     QDBusConnection m_bus;
     FilePanels& m_otherwise;
     int m_lastNumber = 0;
     std::map<int, Request> m_open;
+    QDBusServiceWatcher m_portal;
     Lifetime m_lifetime;
 };
 

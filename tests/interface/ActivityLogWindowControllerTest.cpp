@@ -293,6 +293,20 @@ TEST_F(ActivityLogWindowControllerTest, ExportAsksWhereTo)
     EXPECT_FALSE(panels.folderRequest);
 }
 
+TEST_F(ActivityLogWindowControllerTest, ExportAsksOnceWhileThePanelIsOpenAndAnewAfterwards)
+{
+    open();
+    for (int i = 0; i < 3; ++i)
+        press(view().exportButton());
+    EXPECT_EQ(panels.questions, 1);
+    answer(folder.path / "one");
+    press(view().exportButton());
+    EXPECT_EQ(panels.questions, 2);
+    answer(std::nullopt);
+    press(view().exportButton());
+    EXPECT_EQ(panels.questions, 3);
+}
+
 TEST_F(ActivityLogWindowControllerTest, ExportWritesALinePerEntryNewestFirst)
 {
     publish(threeCategories());

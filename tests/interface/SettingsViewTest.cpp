@@ -447,6 +447,18 @@ TEST_F(SettingsViewTest, ChooseAsksForAFolder)
     EXPECT_EQ(subtitle(view().downloadsFolder()), QStringLiteral("/mnt/films"));
 }
 
+TEST_F(SettingsViewTest, ChooseAsksOnceWhileThePanelIsOpenAndAnewAfterwards)
+{
+    for (int i = 0; i < 3; ++i)
+        press(view().downloadsFolder().button());
+    EXPECT_EQ(panels.questions, 1);
+    panels.choose(std::nullopt);
+    press(view().downloadsFolder().button());
+    EXPECT_EQ(panels.questions, 2);
+    panels.choose("/mnt/films");
+    EXPECT_EQ(settings().downloadsFolderPath.get(), "/mnt/films");
+}
+
 TEST_F(SettingsViewTest, ACancelledChoiceLeavesTheFolder)
 {
     press(view().downloadsFolder().button());

@@ -131,6 +131,18 @@ TEST_F(PortalFilePanelsTest, CancellingIsAnswered)
     }
 }
 
+TEST_F(PortalFilePanelsTest, ThePortalsEndIsTheEndOfItsPanels)
+{
+    start({QStringLiteral("0"), QStringLiteral("60"), QStringLiteral("file:///home/anna/Films")});
+    chooseFolder();
+    ASSERT_TRUE(waitFor([&] { return !m_portal->log().isEmpty(); }, 5s));
+    EXPECT_FALSE(areAnswered(1, 300ms));
+    m_portal.reset();
+    ASSERT_TRUE(areAnswered());
+    EXPECT_THAT(m_answers, ElementsAre(std::nullopt));
+    EXPECT_FALSE(m_others.isOpen());
+}
+
 TEST_F(PortalFilePanelsTest, TheUserMayTakeLongerThanThePortal)
 {
     start({QStringLiteral("0"), QStringLiteral("3.5"), QStringLiteral("file:///home/anna/Films")});
