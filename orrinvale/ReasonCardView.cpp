@@ -29,6 +29,8 @@ constexpr auto symbolPoints = 16.0;
 constexpr auto badgeToText = 12;
 constexpr auto dotSize = 5.0;
 constexpr auto dotSpacing = 4.0;
+constexpr auto dotPitch = dotSize + dotSpacing;
+constexpr auto headerToDots = 8;
 constexpr auto otherDotsAlpha = 0.35;
 constexpr auto categoryToTime = 8;
 
@@ -105,6 +107,7 @@ void ReasonCardView::update(const WakeSignals& signals, const std::optional<std:
         show(content());
     }
     restartOrStopRotation();
+    layOut(); // which the number of dots is a part of
     update();
 }
 
@@ -157,7 +160,8 @@ ReasonCardView::Layout ReasonCardView::layoutFor(int width) const
     const auto right = width - inset;
     Layout layout;
     layout.header = QRect(inset, topInset, m_headerLabel->naturalWidth() + 2, line(12));
-    const auto below = layout.header.bottom() + 1;
+    const auto moreDots = std::max(dotGrid(width).lines - 1, 0);
+    const auto below = layout.header.bottom() + 1 + static_cast<int>(moreDots * dotPitch);
     const auto badgeSize = static_cast<int>(std::lround(32 + 16 * (m_scale - 1)));
     layout.badge = QRect(inset, below + 8, badgeSize, badgeSize);
     const auto left = layout.badge.right() + 1 + badgeToText;
@@ -199,16 +203,28 @@ void ReasonCardView::resizeEvent(QResizeEvent* event)
     layOut();
 }
 
-std::vector<QRectF> ReasonCardView::pageDots() const
+// A line holds what fits beside the header; those that follow it stand in the same columns.
+ReasonCardView::DotGrid ReasonCardView::dotGrid(int width) const
 {
-    const auto count = m_activeSignals.size();
+    const auto count = static_cast<int>(m_activeSignals.size());
     if (count < 2)
         return {};
+    const auto room = width - 2 * inset - m_headerLabel->naturalWidth() - headerToDots;
+    const auto most = std::max(1, static_cast<int>((room + dotSpacing) / dotPitch));
+    const auto columns = std::min(count, most);
+    return {columns, (count + columns - 1) / columns};
+}
+
+std::vector<QRectF> ReasonCardView::pageDots() const
+{
+    const auto grid = dotGrid(width());
+    if (grid.lines == 0)
+        return {};
     const auto top = topInset + std::round((12 * m_scale - dotSize) / 2); // by the middle of the header
-    auto left = width() - inset - (static_cast<double>(count) * (dotSize + dotSpacing) - dotSpacing);
+    const auto left = width() - inset - (grid.columns * dotPitch - dotSpacing);
     std::vector<QRectF> dots;
-    for (std::size_t i = 0; i < count; ++i, left += dotSize + dotSpacing)
-        dots.emplace_back(left, top, dotSize, dotSize);
+    for (int i = 0; i < static_cast<int>(m_activeSignals.size()); ++i)
+        dots.emplace_back(left + i % grid.columns * dotPitch, top + i / grid.columns * dotPitch, dotSize, dotSize);
     return dots;
 }
 

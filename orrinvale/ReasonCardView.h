@@ -46,7 +46,7 @@ public:
     void setScale(double scale);
     // What the present content needs at this width.
     int heightFor(int width) const;
-    // The centres of the page dots at a card of this width, and which one is lit.
+    // One for each signal, in as many lines beside and below the header as they need.
     std::vector<QRectF> pageDots() const;
     int rotationIndex() const { return m_rotationIndex; }
     bool isRotating() const { return static_cast<bool>(m_rotationTimer); }
@@ -67,7 +67,12 @@ protected:
 
 private:
     struct Layout;
+    struct DotGrid {
+        int columns = 0;
+        int lines = 0;
+    };
 
+    DotGrid dotGrid(int width) const;
     ReasonContent content() const;
     void show(const ReasonContent& content);
     void apply(const ReasonContent& content);

@@ -378,6 +378,36 @@ TEST_F(ReasonCardViewTest, DotsAreFiveWideFourApartAndEndAtTheRightEdge)
     EXPECT_FALSE(card->headerLabel().geometry().intersects(QRect(263, 14, 23, 5)));
 }
 
+TEST_F(ReasonCardViewTest, ManyDotsTakeLinesOfTheirOwnAndRunThroughNothing)
+{
+    for (const auto scale : {1.0, 1.5})
+        for (const auto count : {2, 19, 20, 21, 22, 40, 41, 200}) {
+            SCOPED_TRACE(testing::Message() << count << " at " << scale);
+            WakeSignals many;
+            for (int i = 0; i < count; ++i)
+                many.push_back(signal(std::to_string(i)));
+            card->setScale(scale);
+            show(many);
+            card->resize(300, card->heightFor(300));
+            const auto dots = card->pageDots();
+            ASSERT_EQ(dots.size(), static_cast<std::size_t>(count));
+            for (std::size_t i = 0; i < dots.size(); ++i) {
+                const auto dot = dots[i].toRect();
+                EXPECT_TRUE(card->rect().adjusted(14, 10, -14, -14).contains(dot)) << i;
+                EXPECT_GE(dot.left(), card->headerLabel().geometry().right() + 6) << i;
+                for (const auto* other : std::initializer_list<QWidget*>{&card->iconBadge(), &card->titleLabel(),
+                                                                         &card->categoryLabel(), &card->timeLabel()})
+                    EXPECT_FALSE(dot.intersects(other->geometry())) << i;
+                const auto isFirstInLine = i == 0 || dots[i].top() > dots[i - 1].top();
+                EXPECT_EQ(dots[i].left(), isFirstInLine ? dots[0].left() : dots[i - 1].right() + 4) << i;
+            }
+            const auto last = std::max_element(dots.begin(), dots.end(), [](const auto& one, const auto& other) {
+                return one.right() < other.right();
+            });
+            EXPECT_EQ(last->right(), 286);
+        }
+}
+
 TEST_F(ReasonCardViewTest, DotsStayByTheMiddleOfTheHeaderInLargerText)
 {
     showThree();
