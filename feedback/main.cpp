@@ -4,9 +4,11 @@
 #include "feedback/Conversation.h"
 #include "feedback/FeedbackWebView.h"
 #include "feedback/FeedbackWindow.h"
+#include "kit/WindowAccessibility.h"
 #include "orrinvale/FeedbackLines.h"
 #include "platform/qt/QtMainQueue.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCommandLineParser>
 
@@ -103,6 +105,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("orrinvale"));
     QApplication::setDesktopFileName(QStringLiteral("orrinvale"));
+    QAccessible::installFactory(accessibleWindow);
     const auto options = parse(QApplication::arguments());
     const auto form = configuredForm();
     if (!options || !form) {

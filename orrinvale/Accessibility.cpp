@@ -3,6 +3,7 @@
 #include "orrinvale/Accessibility.h"
 
 #include "kit/ContinuousSlider.h"
+#include "kit/WindowAccessibility.h"
 #include "orrinvale/AppPickerSheet.h"
 #include "orrinvale/HeatmapAccessibility.h"
 #include "orrinvale/HeatmapView.h"
@@ -49,7 +50,7 @@ public:
     }
 };
 
-QAccessibleInterface* make(const QString&, QObject* object)
+QAccessibleInterface* make(const QString& className, QObject* object)
 {
     if (object == qApp)
         return new AccessibleApplication;
@@ -65,7 +66,7 @@ QAccessibleInterface* make(const QString&, QObject* object)
         return accessibleHeatmap(heatmap);
     if (auto* slider = qobject_cast<ContinuousSlider*>(object))
         return accessibleSlider(slider);
-    return nullptr;
+    return accessibleWindow(className, object);
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 
 #include "tests/interface/WindowFixture.h"
 
+#include <QAccessible>
+#include <QBackingStore>
 #include <QScreen>
 #include <QWindow>
 #include <QtTest/qtestspontaneevent.h>
@@ -80,6 +82,15 @@ TEST_F(WindowControllerTest, HasTitleAndSizesBeforeItShows)
     EXPECT_EQ(window.size(), QSize(540, 420));
     EXPECT_EQ(window.minimumSize(), QSize(460, 400));
     EXPECT_EQ(window.maximumSize(), QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+}
+
+TEST_F(WindowControllerTest, AssistiveTechnologyHearsOfAWindowByItsTitle)
+{
+    auto* window = QAccessible::queryAccessibleInterface(&some().window());
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->role(), QAccessible::Window);
+    EXPECT_EQ(window->text(QAccessible::Name), QStringLiteral("Some window"));
+    EXPECT_NE(QAccessible::queryAccessibleInterface(made->content)->role(), QAccessible::Window);
 }
 
 TEST_F(WindowControllerTest, TheContentFillsTheWindow)
