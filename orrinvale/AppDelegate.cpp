@@ -93,6 +93,8 @@ void AppDelegate::checkFeedback()
         return;
     if (m_showedOnboarding && !m_settings.hasSeenOnboarding.get())
         return;
+    if (!m_interface.canShowFeedback())
+        return;                                  // what nobody was shown is not done with
     m_settings.hasShownFeedbackPrompt.set(true); // first, so that nothing makes the prompt appear twice
     m_interface.showFeedback();
 }

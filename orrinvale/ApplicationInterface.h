@@ -16,6 +16,8 @@ public:
     virtual void showStatusItem(WakeEngine& engine) = 0;
     // The window that explains the application, until the user has seen it.
     virtual void showOnboarding() = 0;
+    // Whether there is a form to ask for feedback with: it may not be installed, or not any more.
+    virtual bool canShowFeedback() const = 0;
     // The window that asks for feedback.
     virtual void showFeedback() = 0;
 };

@@ -44,6 +44,11 @@ void WidgetInterface::showOnboarding()
     m_onboardingWindow->showWindow();
 }
 
+bool WidgetInterface::canShowFeedback() const
+{
+    return FeedbackWindowController::findProgram().has_value();
+}
+
 void WidgetInterface::showFeedback()
 {
     m_feedbackWindow = std::make_unique<FeedbackWindowController>(m_settings, m_platform);

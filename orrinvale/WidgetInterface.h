@@ -33,6 +33,7 @@ public:
 
     void showStatusItem(WakeEngine& engine) override;
     void showOnboarding() override;
+    bool canShowFeedback() const override;
     void showFeedback() override;
     // The user started the application again: whatever there is to see comes to the front.
     void comeForward();

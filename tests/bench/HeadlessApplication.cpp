@@ -24,6 +24,7 @@ class ModeSwitch final : public ApplicationInterface
 {
 public:
     void showOnboarding() override {}
+    bool canShowFeedback() const override { return false; }
     void showFeedback() override {}
     void showStatusItem(WakeEngine& engine) override
     {

@@ -24,6 +24,7 @@ const std::string folder = "/home/anna/Downloads";
 struct NoInterface final : ApplicationInterface {
     void showStatusItem(WakeEngine&) override {}
     void showOnboarding() override {}
+    bool canShowFeedback() const override { return false; }
     void showFeedback() override {}
 };
 

@@ -157,6 +157,12 @@ TEST_F(WidgetInterfaceTest, ComingForwardBeforeThereIsAnythingIsSafe)
     EXPECT_EQ(popover(), nullptr);
 }
 
+TEST_F(WidgetInterfaceTest, CanShowFeedbackWhereItsProgramIsInstalled)
+{
+    const QFileInfo program(QCoreApplication::applicationDirPath() + QStringLiteral("/orrinvale-feedback"));
+    EXPECT_EQ(interface->canShowFeedback(), program.isFile());
+}
+
 TEST_F(WidgetInterfaceTest, TheWindowsGoWithIt)
 {
     interface->showStatusItem(engine());

@@ -16,6 +16,7 @@ struct RecordingInterface final : ApplicationInterface {
     int items = 0;
     int onboardings = 0;
     int feedbacks = 0;
+    bool hasFeedbackForm = true;
     std::function<void()> onOnboarding = [] {};
     std::function<void()> onFeedback = [] {};
     void showOnboarding() override
@@ -23,6 +24,7 @@ struct RecordingInterface final : ApplicationInterface {
         ++onboardings;
         onOnboarding();
     }
+    bool canShowFeedback() const override { return hasFeedbackForm; }
     void showFeedback() override
     {
         ++feedbacks;
@@ -248,6 +250,20 @@ TEST_F(AppDelegateTest, FeedbackWaitsForTheOnboardingThatThisLaunchShows)
     EXPECT_EQ(interface.feedbacks, 0);
     time.advance(1h);
     EXPECT_EQ(interface.feedbacks, 1);
+}
+
+TEST_F(AppDelegateTest, FeedbackIsNotAskedForAndNotDoneWithWhereThereIsNoFormUntilThereIs)
+{
+    settings().hasSeenOnboarding.set(true);
+    interface.hasFeedbackForm = false;
+    launch();
+    time.advance(4 * 24h);
+    EXPECT_EQ(interface.feedbacks, 0);
+    EXPECT_FALSE(settings().hasShownFeedbackPrompt.get());
+    interface.hasFeedbackForm = true;
+    time.advance(1h);
+    EXPECT_EQ(interface.feedbacks, 1);
+    EXPECT_TRUE(settings().hasShownFeedbackPrompt.get());
 }
 
 TEST_F(AppDelegateTest, ASuspendedMachineChecksWithinAnHourOfUse)
