@@ -55,9 +55,10 @@ void ModeToggleButton::setSelected(bool isSelected)
     update();
 }
 
-void ModeToggleButton::setFontPixels(double pixels)
+void ModeToggleButton::setLabel(double pixels, Label label)
 {
     m_fontPixels = pixels;
+    m_label = label;
     update();
 }
 
@@ -89,7 +90,8 @@ void ModeToggleButton::paintEvent(QPaintEvent*)
     painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
     painter.setFont(labelFont());
     painter.setPen(textColour());
-    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, text());
+    const auto flow = m_label == Label::wrapped ? Qt::TextWordWrap : Qt::TextSingleLine;
+    painter.drawText(rect(), Qt::AlignCenter | flow, text());
 }
 
 } // namespace orrinvale

@@ -32,8 +32,9 @@ public:
     void setColours(const Colours& colours);
     void setSelected(bool isSelected);
     bool isSelected() const { return m_isSelected; }
-    // Of the label, in logical pixels.
-    void setFontPixels(double pixels);
+    enum class Label { oneLine, wrapped };
+    // The size is that of the font, in logical pixels.
+    void setLabel(double pixels, Label label);
     QColor background() const;
     QColor textColour() const;
     QFont labelFont() const;
@@ -51,6 +52,7 @@ private:
     Colours m_colours;
     bool m_isSelected = false;
     double m_fontPixels = 12;
+    Label m_label = Label::oneLine;
 };
 
 } // namespace orrinvale

@@ -11,6 +11,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace orrinvale
 {
@@ -23,9 +24,36 @@ constexpr auto trackInset = 2;
 constexpr auto trackRadius = 10.0;
 constexpr auto gap = 4;
 constexpr auto labelPixels = 12.0;
-constexpr auto labelPadding = 4;
+constexpr auto labelPadding = 4; // at the sides, and above and below
+constexpr auto trackHeight = 36;
+constexpr auto smallestLabel = 9.0;
+constexpr auto labelStep = 0.5;
+
+QFont labelFont(double pixels)
+{
+    return scaledFont(pixels, QFont::DemiBold, 0, 1); // the wider of the two weights
+}
+
+bool fit(const QStringList& texts, double width, double pixels)
+{
+    const QFontMetricsF metrics(labelFont(pixels));
+    return std::all_of(texts.begin(), texts.end(),
+                       [&](const auto& text) { return metrics.horizontalAdvance(text) <= width; });
+}
 
 } // namespace
+
+SegmentLabels segmentLabels(const QStringList& titles, double width, double wantedPixels)
+{
+    for (auto pixels = wantedPixels; pixels >= wantedPixels * 0.9; pixels -= labelStep)
+        if (fit(titles, width, pixels))
+            return {pixels, ModeToggleButton::Label::oneLine};
+    const auto words = titles.join(QLatin1Char(' ')).split(QLatin1Char(' '));
+    auto pixels = wantedPixels;
+    while (pixels > smallestLabel && !fit(words, width, pixels))
+        pixels -= labelStep;
+    return {pixels, ModeToggleButton::Label::wrapped};
+}
 
 std::vector<QRect> segmentRects(const QSize& size, int count, int margin)
 {
@@ -82,18 +110,30 @@ void ModeToggleControl::setScale(double scale)
     fitLabels();
 }
 
+QStringList ModeToggleControl::titles() const
+{
+    QStringList titles;
+    for (const auto* button : m_buttons)
+        titles += button->text();
+    return titles;
+}
+
 void ModeToggleControl::fitLabels()
 {
-    auto pixels = labelPixels * m_scale;
-    const auto fits = [&](const ModeToggleButton* button) {
-        const QFontMetricsF metrics(scaledFont(pixels, QFont::DemiBold, 0, 1));
-        return metrics.horizontalAdvance(button->text()) <= button->width() - labelPadding;
-    };
-    constexpr auto smallest = 9.0;
-    while (pixels > smallest && !std::all_of(m_buttons.begin(), m_buttons.end(), fits))
-        pixels -= 0.5;
+    const auto labels = segmentLabels(titles(), m_buttons.front()->width() - labelPadding, labelPixels * m_scale);
     for (auto* button : m_buttons)
-        button->setFontPixels(pixels);
+        button->setLabel(labels.pixels, labels.label);
+}
+
+int ModeToggleControl::trackHeightFor(int trackWidth) const
+{
+    const auto segment =
+        segmentRects({trackWidth, trackHeight}, static_cast<int>(m_buttons.size()), trackInset).front();
+    const auto labels = segmentLabels(titles(), segment.width() - labelPadding, labelPixels * m_scale);
+    const auto lines = labels.label == ModeToggleButton::Label::wrapped ? 2 : 1;
+    const auto line = static_cast<int>(std::ceil(QFontMetricsF(labelFont(labels.pixels)).height()));
+    const auto usual = static_cast<int>(std::lround(trackHeight + 16 * (m_scale - 1)));
+    return std::max(usual, lines * line + labelPadding + 2 * trackInset);
 }
 
 void ModeToggleControl::layOut()

@@ -34,8 +34,10 @@ public:
     int selectedIndex() const { return m_selectedIndex; }
     const std::vector<ModeToggleButton*>& buttons() const { return m_buttons; }
     void setColours(const Colours& colours);
-    // Of the labels; the widest title bounds how large they become.
+    // Of the labels; what becomes too wide for its segment takes two lines.
     void setScale(double scale);
+    // What the track needs at this width and the present scale.
+    int trackHeightFor(int trackWidth) const;
 
     // Called with the index of the segment that the user tapped.
     std::function<void(int)> onSelect;
@@ -49,6 +51,7 @@ protected:
 private:
     void tap(int index);
     void layOut();
+    QStringList titles() const;
     void fitLabels();
 
     std::vector<ModeToggleButton*> m_buttons;
@@ -56,6 +59,14 @@ private:
     double m_scale = 1;
     Colours m_colours;
 };
+
+// How all labels of a control are written: in one size, on one line where that takes at most a tenth of it, else with a
+// line for each word.
+struct SegmentLabels {
+    double pixels; // of the font
+    ModeToggleButton::Label label;
+};
+SegmentLabels segmentLabels(const QStringList& titles, double width, double wantedPixels);
 
 // The segments of a control of this size: of equal width, 4 apart, inset by `margin` on all sides.
 std::vector<QRect> segmentRects(const QSize& size, int count, int margin);

@@ -56,7 +56,7 @@ PopoverLayout arranged(double scale, const PopoverLayout::Needs& needs, int pict
     y += pictureHeight + gaps.pictureToCaption;
     layout.tagline = QRect(left, y, full, needs.tagline(full, lines.tagline));
     y = layout.tagline.bottom() + 1 + gaps.captionToToggle;
-    layout.toggleTrack = QRect(left, y, full, 36 + scaled(16, scale - 1));
+    layout.toggleTrack = QRect(left, y, full, needs.toggle(full));
     y = layout.toggleTrack.bottom() + 1 + 16;
     layout.card = QRect(left, y, full, needs.card(full));
     y = layout.card.bottom() + 1 + 16;

@@ -23,6 +23,7 @@ struct PopoverLayout {
         std::function<int(int width, int lineHeight)> title;
         std::function<int(int width, int lineHeight)> subtitle;
         std::function<int(int width, int lineHeight)> tagline;
+        std::function<int(int width)> toggle;
         std::function<int(int width)> card;
         std::array<std::function<int(int width)>, 3> rows;
     };

@@ -259,6 +259,7 @@ void StatusPopoverViewController::layOut()
     PopoverLayout::Needs needs{heightOf(m_titleLabel),
                                heightOf(m_subtitleLabel),
                                heightOf(m_tagline),
+                               [this](int width) { return m_modeToggle->trackHeightFor(width); },
                                [this](int width) { return m_reasonCard->heightFor(width); },
                                {}};
     for (std::size_t i = 0; i < m_rows.size(); ++i)

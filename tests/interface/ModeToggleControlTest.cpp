@@ -299,19 +299,52 @@ TEST_F(ModeToggleControlTest, LabelsAre12PixelsMediumAndSemiboldWhenSelected)
     EXPECT_EQ(segment(0).labelFont().weight(), QFont::DemiBold);
 }
 
-TEST_F(ModeToggleControlTest, LargerLabelsGrowOnlyAsFarAsTheyFit)
+TEST_F(ModeToggleControlTest, LabelsGrowWithTheTextAndAreWhole)
 {
-    for (const auto scale : {1.0, 1.25, 1.5}) {
+    for (const auto scale : {1.0, 1.1, 1.25, 1.4, 1.5}) {
         control.setScale(scale);
-        const auto pixels = pixelSizeOf(segment(1).labelFont());
-        EXPECT_LE(pixels, 12 * scale + 0.01);
-        EXPECT_GE(pixels, 12 - 0.01);
-        const QFontMetricsF metrics(scaledFont(pixels, QFont::DemiBold, 0, 1));
+        control.resize(308, control.trackHeightFor(300) + 8);
         for (auto* button : control.buttons()) {
-            EXPECT_LE(metrics.horizontalAdvance(button->text()), button->width());
-            EXPECT_LE(metrics.height(), button->height() - 4) << "2 above and below";
+            SCOPED_TRACE(testing::Message() << button->text().toStdString() << " at " << scale);
+            const auto pixels = pixelSizeOf(button->labelFont());
+            EXPECT_LE(pixels, 12 * scale + 0.01);
+            EXPECT_GE(pixels, 12 * scale * 0.9 - 0.01);
+            const QFontMetricsF metrics(scaledFont(pixels, QFont::DemiBold, 0, 1));
+            const auto room = QRectF(button->rect()).adjusted(0, 2, 0, -2);
+            const auto text = metrics.boundingRect(room, Qt::AlignCenter | Qt::TextWordWrap, button->text());
+            EXPECT_LE(text.width(), room.width());
+            EXPECT_LE(text.height(), room.height()) << "2 above and below";
         }
     }
+}
+
+TEST_F(ModeToggleControlTest, ATrackIsAsItWasDrawnAndHigherOnlyForTwoLines)
+{
+    EXPECT_EQ(control.trackHeightFor(300), 36);
+    control.setScale(1.5);
+    EXPECT_GE(control.trackHeightFor(300), 50);
+    EXPECT_LE(control.trackHeightFor(300), 56);
+    EXPECT_EQ(control.trackHeightFor(600), 44) << "where one line is enough";
+}
+
+TEST_F(ModeToggleControlTest, ALabelOfTwoLinesIsPaintedOnBoth)
+{
+    control.setScale(1.5);
+    control.resize(308, control.trackHeightFor(300) + 8);
+    const auto image = picture(control);
+    const auto inkedRows = [&image](const QRect& part) {
+        auto rows = 0;
+        for (auto y = part.top(); y <= part.bottom(); ++y) {
+            auto isInked = false;
+            for (auto x = part.left(); x <= part.right(); ++x)
+                isInked |= image.pixelColor(x, y).lightness() < 180;
+            rows += isInked;
+        }
+        return rows;
+    };
+    const auto middle = segment(1).geometry();
+    EXPECT_GT(inkedRows(middle.adjusted(0, 0, 0, -middle.height() / 2)), 10) << "Always";
+    EXPECT_GT(inkedRows(middle.adjusted(0, middle.height() / 2, 0, 0)), 10) << "Awake";
 }
 
 TEST_F(ModeToggleControlTest, TellsAssistiveTechnologyOfRadioButtons)

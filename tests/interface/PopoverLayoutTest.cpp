@@ -15,6 +15,7 @@ struct Texts {
     int titleLines = 1;
     int subtitleLines = 1;
     int taglineLines = 1;
+    int toggle = 36;
     int card = 76;
     int row = 56;
 };
@@ -26,6 +27,7 @@ PopoverLayout layoutOf(double scale, const Texts& texts)
     return PopoverLayout::of(scale, {lines(texts.titleLines),
                                      lines(texts.subtitleLines),
                                      lines(texts.taglineLines),
+                                     fixed(texts.toggle),
                                      fixed(texts.card),
                                      {fixed(texts.row), fixed(texts.row), fixed(texts.row)}});
 }
@@ -103,8 +105,8 @@ TEST(PopoverLayout, TextsAreMeasuredAtTheWidthThatTheyGet)
         widths.push_back(width);
         return 56;
     };
-    PopoverLayout::of(1, {text, text, text, block, {block, block, block}});
-    EXPECT_THAT(widths, ElementsAre(300, 284, 300, 300, 300, 300, 300));
+    PopoverLayout::of(1, {text, text, text, block, block, {block, block, block}});
+    EXPECT_THAT(widths, ElementsAre(300, 284, 300, 300, 300, 300, 300, 300));
 }
 
 TEST(PopoverLayout, NothingOverlapsAtAnyScaleWithAnyTexts)
@@ -113,8 +115,15 @@ TEST(PopoverLayout, NothingOverlapsAtAnyScaleWithAnyTexts)
         for (const auto lines : {1, 2, 4}) {
             SCOPED_TRACE(testing::Message() << scale << " with " << lines << " lines");
             expectInOrderAndInside(
-                layoutOf(scale, {lines, lines, lines, 76 + 14 * lines, static_cast<int>(56 * scale)}));
+                layoutOf(scale, {lines, lines, lines, 36 + 8 * lines, 76 + 14 * lines, static_cast<int>(56 * scale)}));
         }
+}
+
+TEST(PopoverLayout, TheToggleIsAsHighAsItNeeds)
+{
+    const auto layout = layoutOf(1.5, {.toggle = 52});
+    EXPECT_EQ(layout.toggleTrack.height(), 52);
+    EXPECT_EQ(layout.card.top() - layout.toggleTrack.bottom() - 1, 16);
 }
 
 TEST(PopoverLayout, GapsShrinkWithLargerText)
