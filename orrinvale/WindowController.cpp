@@ -35,12 +35,8 @@ protected:
             content->setGeometry(rect());
     }
 
-    // Closing by the window manager arrives as an event from outside, whoever else may hide the window.
-    void closeEvent(QCloseEvent* event) override
-    {
-        if (m_closing == Closing::byProgramAlone && event->spontaneous())
-            event->ignore();
-    }
+    // Whoever asks: where a compositor does, Qt closes the window as if the program had. The program hides it.
+    void closeEvent(QCloseEvent* event) override { event->setAccepted(m_closing == Closing::byUser); }
 
     void keyPressEvent(QKeyEvent* event) override
     {

@@ -4,6 +4,7 @@
 #include "orrinvale/AppDelegate.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/ApplicationPalette.h"
+#include "orrinvale/QuitRequests.h"
 #include "orrinvale/WidgetFilePanels.h"
 #include "orrinvale/WidgetInterface.h"
 #include "platform/TimeZone.h"
@@ -26,6 +27,7 @@ int main(int argc, char** argv)
     // Not quit(): a window that refuses to be closed could veto that.
     const auto end = [] { QCoreApplication::exit(); };
     process.onTermination(end);
+    const QuitRequests quitRequests(application, end);
 
     if (!process.isTheOnlyOne())
         return 0;

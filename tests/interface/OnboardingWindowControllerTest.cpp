@@ -4,6 +4,7 @@
 
 #include "kit/WindowButton.h"
 #include "orrinvale/OnboardingView.h"
+#include "orrinvale/QuitRequests.h"
 #include "tests/interface/WindowFixture.h"
 
 #include <QWindow>
@@ -113,6 +114,27 @@ TEST_F(OnboardingWindowControllerTest, TheWindowManagerDoesNotCloseIt)
     QSpontaneKeyEvent::setSpontaneous(&event);
     qApp->notify(window().windowHandle(), &event);
     settle();
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_FALSE(isStored());
+}
+
+TEST_F(OnboardingWindowControllerTest, ACompositorDoesNotCloseItEither)
+{
+    open();
+    window().windowHandle()->close(); // what Qt does where a compositor asks
+    settle();
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_FALSE(isStored());
+}
+
+TEST_F(OnboardingWindowControllerTest, KeepsNoSessionFromEndingTheApplication)
+{
+    auto ends = 0;
+    const QuitRequests quitRequests(*qApp, [&ends] { ++ends; });
+    open();
+    QEvent quit(QEvent::Quit);
+    QCoreApplication::sendEvent(qApp, &quit);
+    EXPECT_EQ(ends, 1);
     EXPECT_TRUE(window().isVisible());
     EXPECT_FALSE(isStored());
 }

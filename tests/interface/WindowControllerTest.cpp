@@ -290,4 +290,8 @@ TEST_F(WindowControllerTest, MayGoWhileChangesAreOnTheirWay)
 
 } // namespace
 
+    made->window().windowHandle()->close(); // as Qt does where a compositor asks
+    made->window().close();
+    settle();
+    EXPECT_TRUE(made->window().isVisible());
 } // namespace orrinvale
