@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/WindowController.h"
 
+#include "kit/WindowEdge.h"
 #include "kit/WindowPlacement.h"
 #include "orrinvale/AppSettings.h"
 #include "orrinvale/ApplicationIcon.h"
@@ -22,7 +23,17 @@ namespace orrinvale
 class WindowController::Window final : public QWidget
 {
 public:
-    Window(WindowController& owner, Closing closing) : m_owner(owner), m_closing(closing) {}
+    Window(WindowController& owner, Closing closing) : m_owner(owner), m_closing(closing), m_edge(new WindowEdge(this))
+    {
+    }
+
+    void setContent(QWidget* given)
+    {
+        given->setParent(this);
+        content = given;
+        content->setGeometry(rect());
+        m_edge->raise();
+    }
 
     QWidget* content = nullptr;
 
@@ -33,6 +44,7 @@ protected:
     {
         if (content)
             content->setGeometry(rect());
+        m_edge->setGeometry(rect());
     }
 
     // Whoever asks: where a compositor does, Qt closes the window as if the program had. The program hides it.
@@ -57,6 +69,7 @@ protected:
 private:
     WindowController& m_owner;
     Closing m_closing;
+    WindowEdge* m_edge;
 };
 
 WindowController::WindowController(AppSettings& settings, const Platform& platform, const Shape& shape)
@@ -87,9 +100,7 @@ Look WindowController::look() const
 
 void WindowController::setContent(QWidget* content)
 {
-    content->setParent(m_window.get());
-    m_window->content = content;
-    content->setGeometry(m_window->rect());
+    m_window->setContent(content);
     applyTheme();
     m_appearanceSubscriptions += m_platform.appearance.observeChanges([this] { restyle(); });
     m_appearanceSubscriptions += m_settings.appTheme.observeOn(

@@ -101,6 +101,26 @@ TEST_F(WindowControllerTest, TheContentFillsTheWindow)
     EXPECT_EQ(some().content->geometry(), QRect(0, 0, 700, 600));
 }
 
+// The pixels that the window system shows, which a grab of the widget is not. Run at many scale factors.
+TEST_F(WindowControllerTest, EveryPixelIsPainted)
+{
+    auto& window = some().window();
+    made->showWindow();
+    for (int more = 0; more < 48; ++more) {
+        window.resize(540 + more, 660 + more);
+        settle();
+        auto* store = dynamic_cast<QImage*>(window.backingStore()->paintDevice());
+        ASSERT_NE(store, nullptr);
+        auto pixels = store->copy();
+        pixels.setDevicePixelRatio(1);
+        const auto expected = pixels.pixelColor(pixels.width() / 2, pixels.height() / 2);
+        for (int x = 0; x < pixels.width(); ++x)
+            ASSERT_EQ(pixels.pixelColor(x, pixels.height() - 1), expected) << x << " of " << pixels.width();
+        for (int y = 0; y < pixels.height(); ++y)
+            ASSERT_EQ(pixels.pixelColor(pixels.width() - 1, y), expected) << y << " of " << pixels.height();
+    }
+}
+
 TEST_F(WindowControllerTest, IsFixedWhenItsSizeIsItsMinimum)
 {
     some(fixedShape);
@@ -267,6 +287,10 @@ TEST_F(WindowControllerTest, WhatTheProgramAloneClosesIgnoresTheUser)
     EXPECT_TRUE(made->window().isVisible());
     closeFromOutside();
     EXPECT_TRUE(made->window().isVisible());
+    made->window().windowHandle()->close(); // as Qt does where a compositor asks
+    made->window().close();
+    settle();
+    EXPECT_TRUE(made->window().isVisible());
 }
 
 TEST_F(WindowControllerTest, WhatTheProgramAloneClosesCanBeHiddenAndShownAgain)
@@ -290,8 +314,4 @@ TEST_F(WindowControllerTest, MayGoWhileChangesAreOnTheirWay)
 
 } // namespace
 
-    made->window().windowHandle()->close(); // as Qt does where a compositor asks
-    made->window().close();
-    settle();
-    EXPECT_TRUE(made->window().isVisible());
 } // namespace orrinvale
