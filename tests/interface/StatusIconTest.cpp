@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orrinvale/StatusIcon.h"
 
+#include "kit/Colours.h"
 #include "orrinvale/WakeState.h"
 #include "tests/interface/InterfaceFixture.h"
 
@@ -47,7 +48,32 @@ TEST(StatusIcon, AwakeAndCoolingDownAreTheFullCupAndIdleTheEmptyOne)
     const auto isGreen = [](const QColor& c) { return c == QColor(0x4a, 0x8c, 0x38); };
     EXPECT_GT(count(awake, isGreen), 20);
     EXPECT_EQ(count(drawing(WakeState::idle()), isGreen), 0);
-    EXPECT_GT(count(drawing(WakeState::idle()), [](const QColor& c) { return c == QColor(0x85, 0x82, 0x7c); }), 10);
+    EXPECT_GT(count(drawing(WakeState::idle()), [](const QColor& c) { return c == QColor(0xc2, 0xbf, 0xb9); }), 10);
+}
+
+// The line of a cup and its saucer: what stands out from the panel must be enough of it to be a cup.
+TEST(StatusIcon, TheEmptyCupStandsOutFromLightDarkAndMiddlePanels)
+{
+    for (const auto side : {16, 18, 22, 24, 32, 36, 48})
+        for (const QColor panel : {QColor(Qt::white), QColor(0xf2, 0xf2, 0xf0), QColor(0x55, 0x55, 0x55),
+                                   QColor(0x1e, 0x1f, 0x22), QColor(Qt::black)}) {
+            SCOPED_TRACE(testing::Message() << side << " on " << panel.name().toStdString());
+            const auto image = drawing(WakeState::idle(), side);
+            const auto standsOut = [&panel](const QColor& c) { return contrastRatio(blended(panel, c), panel) >= 3; };
+            EXPECT_GT(count(image, standsOut), side * side / 6);
+            EXPECT_GT(count(image, standsOut), inner * inner / 9);
+            // Both walls of the cup, and its saucer.
+            // Both walls of the cup, and its saucer.
+            const auto inner = pictureSide(side);
+            const auto margin = (side - inner) / 2;
+            const auto part = [&](double left, double top, double width, double height) {
+                const auto at = [&](double units) { return static_cast<int>(std::lround(units * inner / 18)); };
+                return image.copy(margin + at(left), margin + at(top), at(width), at(height));
+            };
+            EXPECT_GT(count(part(1, 5, 3, 6), standsOut), 0) << "left wall";
+            EXPECT_GT(count(part(14, 5, 3, 6), standsOut), 0) << "right wall";
+            EXPECT_GT(count(part(3, 14, 12, 4), standsOut), inner / 2) << "saucer";
+        }
 }
 
 TEST(StatusIcon, HasAPictureOfItsOwnForEverySizeThatTraysAskFor)
