@@ -22,9 +22,11 @@ int clamped(int wanted, int least, int most)
     return std::max(least, std::min(wanted, most));
 }
 
+// Off the sides of the part by `screenMargin`, as far as there is room for that.
 QPoint clampedInto(const QPoint& wanted, const QSize& size, const QRect& available)
 {
-    return {clamped(wanted.x(), available.left(), available.right() + 1 - size.width()),
+    const auto x = std::clamp((available.width() - size.width()) / 2, 0, screenMargin);
+    return {clamped(wanted.x(), available.left() + x, available.right() + 1 - size.width() - x),
             clamped(wanted.y(), available.top(), available.bottom() + 1 - size.height())};
 }
 

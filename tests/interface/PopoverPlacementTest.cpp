@@ -53,14 +53,25 @@ TEST(PopoverPlacement, StaysOnTheScreenAtEveryEdge)
                 << testing::PrintToString(icon) << testing::PrintToString(available);
 }
 
+TEST(PopoverPlacement, KeepsEightOffTheSidesOfTheScreenWhereThereIsRoomForIt)
+{
+    for (const auto x : {0, 100, 1800, 1898}) {
+        const auto place = byIcon({x, 1054, 22, 22}, abovePanel);
+        EXPECT_GE(place.x(), 8);
+        EXPECT_LE(place.x() + 340, 1920 - 8);
+    }
+    const QRect narrow(0, 0, 348, 708);
+    EXPECT_EQ(byIcon({320, 0, 22, 2}, narrow, narrow), QPoint(4, 6));
+}
+
 TEST(PopoverPlacement, StaysOnTheScreenOfTheIcon)
 {
     const QRect right(1920, 200, 1280, 1024);
     const QRect available(1920, 230, 1280, 994);
-    EXPECT_EQ(byIcon({3170, 204, 22, 22}, available, right), QPoint(3200 - 340, 230));
-    EXPECT_EQ(byIcon({1922, 204, 22, 22}, available, right), QPoint(1920, 230));
+    EXPECT_EQ(byIcon({3170, 204, 22, 22}, available, right), QPoint(3200 - 8 - 340, 230));
+    EXPECT_EQ(byIcon({1922, 204, 22, 22}, available, right), QPoint(1928, 230));
     const QRect left(-1280, 0, 1280, 1024);
-    EXPECT_EQ(byIcon({-1270, 4, 22, 22}, left, left), QPoint(-1280, 30));
+    EXPECT_EQ(byIcon({-1270, 4, 22, 22}, left, left), QPoint(-1272, 30));
 }
 
 TEST(PopoverPlacement, WhatDoesNotFitShowsItsTopAndItsLeft)
@@ -73,8 +84,8 @@ TEST(PopoverPlacement, WithoutAnIconThePointerTells)
 {
     EXPECT_EQ(byPointer({1000, 15}, belowPanel), QPoint(1000 - 170, 30));
     EXPECT_EQ(byPointer({1000, 1070}, abovePanel), QPoint(1000 - 170, 350));
-    EXPECT_EQ(byPointer({0, 0}, belowPanel), QPoint(0, 30));
-    EXPECT_EQ(byPointer({1919, 1079}, abovePanel), QPoint(1580, 350));
+    EXPECT_EQ(byPointer({0, 0}, belowPanel), QPoint(8, 30));
+    EXPECT_EQ(byPointer({1919, 1079}, abovePanel), QPoint(1572, 350));
 }
 
 TEST(PopoverPlacement, WithNeitherItStandsInTheCornerByThePanel)
