@@ -18,6 +18,7 @@ const auto objectPath = QStringLiteral("/StatusNotifierItem");
 const auto menuPath = QStringLiteral("/StatusNotifierItem/Menu");
 const auto tray = QStringLiteral("org.kde.StatusNotifierWatcher");
 constexpr auto activationToken = "XDG_ACTIVATION_TOKEN"; // where Qt looks for it
+constexpr auto longestToken = 4096; // bytes; desktops send some dozens, and it goes into the environment
 
 } // namespace
 
@@ -132,7 +133,8 @@ void StatusNotifierItem::ContextMenu(int x, int y)
 // Which lets the window that the click leads to have the focus; Qt takes it from there when it shows one.
 void StatusNotifierItem::ProvideXdgActivationToken(const QString& token)
 {
-    qputenv(activationToken, token.toUtf8());
+    if (const auto bytes = token.toUtf8(); bytes.size() <= longestToken)
+        qputenv(activationToken, bytes);
 }
 
 void StatusNotifierItem::forgetActivationToken()

@@ -80,6 +80,16 @@ TEST_F(StatusNotifierItemTest, LeftAndRightClickAreTheSameAndOthersNothing)
     EXPECT_EQ(clicks.size(), 2U);
 }
 
+TEST_F(StatusNotifierItemTest, TakesAnActivationTokenOfUsualLengthOnly)
+{
+    item.ProvideXdgActivationToken(QString(4096, QLatin1Char('t')));
+    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN").size(), 4096);
+    StatusNotifierItem::forgetActivationToken();
+    item.ProvideXdgActivationToken(QString(4097, QLatin1Char('t')));
+    item.ProvideXdgActivationToken(QString(2049, QChar(0x00fc)));
+    EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
+}
+
 TEST_F(StatusNotifierItemTest, AClickThatNobodyListensToDoesNothing)
 {
     item.Activate(0, 0);
