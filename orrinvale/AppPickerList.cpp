@@ -6,6 +6,7 @@
 #include "kit/PaintedButton.h"
 #include "kit/Shapes.h"
 #include "kit/TextLabel.h"
+#include "kit/VisibleText.h"
 #include "kit/WindowText.h"
 #include "orrinvale/AppPicker.h"
 #include "orrinvale/AppRowDelegate.h"
@@ -44,7 +45,7 @@ public:
     {
         if (role != Qt::DisplayRole)
             return {};
-        return QString::fromStdString(m_picker.app(static_cast<std::size_t>(index.row())).name);
+        return visibleText(m_picker.app(static_cast<std::size_t>(index.row())).name);
     }
 
 private:

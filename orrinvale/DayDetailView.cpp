@@ -5,6 +5,7 @@
 #include "kit/OverlayScrollArea.h"
 #include "kit/Shapes.h"
 #include "kit/TextLabel.h"
+#include "kit/VisibleText.h"
 #include "kit/WindowPalette.h"
 #include "kit/WindowText.h"
 #include "orrinvale/ActivityPalette.h"
@@ -81,7 +82,7 @@ void DayDetailView::update(Instant date, const std::optional<DayUsageRecord>& re
     m_emptyLabel->setVisible(detail.isEmpty);
     setRowCount(detail.apps.size());
     for (std::size_t i = 0; i < detail.apps.size(); ++i) {
-        m_appRows[i].name->setContent(QString::fromStdString(detail.apps[i].name));
+        m_appRows[i].name->setContent(visibleText(detail.apps[i].name));
         m_appRows[i].time->setContent(QString::fromStdString(detail.apps[i].duration));
     }
     setTheme(isDark, isSakura);

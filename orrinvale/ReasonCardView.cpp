@@ -8,6 +8,7 @@
 #include "kit/SymbolBadge.h"
 #include "kit/TextLabel.h"
 #include "kit/Typography.h"
+#include "kit/VisibleText.h"
 
 #include <QPainter>
 
@@ -125,7 +126,7 @@ void ReasonCardView::show(const ReasonContent& content)
 
 void ReasonCardView::apply(const ReasonContent& content)
 {
-    m_titleLabel->setContent(QString::fromStdString(content.title));
+    m_titleLabel->setContent(visibleText(content.title));
     m_categoryLabel->setContent(QString::fromStdString(content.category));
     m_timeLabel->setContent(QString::fromStdString(content.time));
     m_iconBadge->setSymbol(QString::fromStdString(content.symbol));

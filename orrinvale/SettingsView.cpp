@@ -5,6 +5,7 @@
 #include "kit/ContinuousSlider.h"
 #include "kit/OverlayScrollArea.h"
 #include "kit/TextLabel.h"
+#include "kit/VisibleText.h"
 #include "kit/WindowButton.h"
 #include "kit/WindowText.h"
 #include "orrinvale/AppSettings.h"
@@ -192,7 +193,7 @@ void SettingsView::showThresholds()
 void SettingsView::showDownloadsFolder(const std::string& path)
 {
     const auto home = m_platform.applicationSupport.homeDirectory().string();
-    m_downloadsFolder->text().setSubtitle(QString::fromStdString(abbreviatedWithTilde(path, home)));
+    m_downloadsFolder->text().setSubtitle(visibleText(abbreviatedWithTilde(path, home)));
 }
 
 void SettingsView::chooseDownloadsFolder()

@@ -5,6 +5,7 @@
 #include "kit/Colours.h"
 #include "kit/Look.h"
 #include "kit/Typography.h"
+#include "kit/VisibleText.h"
 #include "orrinvale/WakeState.h"
 
 #include <QFile>
@@ -84,7 +85,7 @@ QIcon statusIcon(const WakeState& state, const QString& imageFolder)
 
 QString statusToolTip(const WakeState& state)
 {
-    return QString::fromStdString(std::string(labelOf(state)) + ": " + state.statusText());
+    return visibleText(std::string(labelOf(state)) + ": " + state.statusText());
 }
 
 } // namespace orrinvale

@@ -4,6 +4,7 @@
 
 #include "kit/FocusRing.h"
 #include "kit/TextLabel.h"
+#include "kit/VisibleText.h"
 #include "kit/WindowButton.h"
 #include "kit/WindowText.h"
 #include "orrinvale/SettingsRow.h"
@@ -31,8 +32,8 @@ WatchListRow::WatchListRow(const CustomProcess& process, QWidget* icon, QWidget*
       m_deleteButton(new WindowButton(QStringLiteral("Delete"), WindowButton::Kind::icon, this))
 {
     m_icon->setParent(this);
-    m_label->setContent(QString::fromStdString(process.label));
-    m_bundleID->setContent(QString::fromStdString(process.bundleID));
+    m_label->setContent(visibleText(process.label));
+    m_bundleID->setContent(visibleText(process.bundleID));
     m_deleteButton->setSymbol(QStringLiteral("trash"));
     m_deleteButton->setDangerous(true);
     m_deleteButton->setAccessibleName(QStringLiteral("Delete ") + m_label->text());

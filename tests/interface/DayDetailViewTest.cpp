@@ -89,6 +89,12 @@ TEST_F(DayDetailViewTest, ShowsTotalHoursAndTheSixBusiestApps)
     EXPECT_FALSE(showsEmptyText());
 }
 
+TEST_F(DayDetailViewTest, ShowsControlCharactersOfNamesAsSigns)
+{
+    show({{9, 60}}, {{"O\nne", 60}});
+    EXPECT_EQ(rows(), QStringList{QStringLiteral("O␊ne: 1m")});
+}
+
 TEST_F(DayDetailViewTest, RowsGoWithTheirApps)
 {
     show({{9, 60}}, {{"One", 60}, {"Two", 120}, {"Three", 180}});

@@ -101,6 +101,13 @@ TEST_F(ReasonCardViewTest, ShowsASignalWithItsCategoryAndAge)
     EXPECT_EQ(card->iconBadge().ground(), accent);
 }
 
+TEST_F(ReasonCardViewTest, ShowsControlCharactersOfANameAsSigns)
+{
+    show({signal("Downloading a\x1b[31m\nb.part")});
+    EXPECT_EQ(title(), QStringLiteral("Downloading a␛[31m␊b.part"));
+    EXPECT_THAT(details(), ElementsAre("Downloading a\x1b[31m\nb.part"));
+}
+
 TEST_F(ReasonCardViewTest, WhenTheLastSignalGoesTheEnginesReasonIsShown)
 {
     show({signal("one")});

@@ -60,11 +60,9 @@ TEST(StatusIcon, TheEmptyCupStandsOutFromLightDarkAndMiddlePanels)
             SCOPED_TRACE(testing::Message() << side << " on " << panel.name().toStdString());
             const auto image = drawing(WakeState::idle(), side);
             const auto standsOut = [&panel](const QColor& c) { return contrastRatio(blended(panel, c), panel) >= 3; };
-            EXPECT_GT(count(image, standsOut), side * side / 6);
+            const auto inner = pictureSide(side);
             EXPECT_GT(count(image, standsOut), inner * inner / 9);
             // Both walls of the cup, and its saucer.
-            // Both walls of the cup, and its saucer.
-            const auto inner = pictureSide(side);
             const auto margin = (side - inner) / 2;
             const auto part = [&](double left, double top, double width, double height) {
                 const auto at = [&](double units) { return static_cast<int>(std::lround(units * inner / 18)); };
@@ -125,6 +123,12 @@ TEST(StatusToolTip, IsTheLabelAndTheStatus)
     EXPECT_EQ(statusToolTip(WakeState::cooldown(30)), QStringLiteral("Cooling Down: Going idle in 30s…"));
     EXPECT_EQ(statusToolTip(WakeState::cooldown(0)), QStringLiteral("Cooling Down: Going idle in 0s…"));
     EXPECT_EQ(statusToolTip(WakeState::idle()), QStringLiteral("Idle: System may sleep normally"));
+}
+
+TEST(StatusToolTip, ShowsControlCharactersAsSigns)
+{
+    EXPECT_EQ(statusToolTip(WakeState::awake("Downloading a\x1b[31m\nb\a.part")),
+              QStringLiteral("Awake: Downloading a␛[31m␊b␇.part"));
 }
 
 TEST(StatusToolTip, IsPlainTextAndKeepsEveryCharacter)

@@ -38,6 +38,14 @@ TEST_F(WatchListRowTest, ShowsLabelAndIdentifier)
     EXPECT_EQ(made->deleteButton().accessibleName(), QStringLiteral("Delete HandBrake active"));
 }
 
+TEST_F(WatchListRowTest, ShowsControlCharactersAsSigns)
+{
+    EXPECT_EQ(row("Hand\nBrake", "fr\x1b").labelLabel().text(), QStringLiteral("Hand␊Brake"));
+    EXPECT_EQ(made->bundleIDLabel().text(), QStringLiteral("fr␛"));
+    EXPECT_EQ(made->deleteButton().accessibleName(), QStringLiteral("Delete Hand␊Brake"));
+    EXPECT_EQ(made->process().label, "Hand\nBrake");
+}
+
 TEST_F(WatchListRowTest, StandsAsItWasDrawn)
 {
     EXPECT_EQ(usual().height(), 48);
