@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/DesktopEntry.h"
 
+#include "base/Descriptor.h"
 #include "base/Text.h"
 
 #include <algorithm>
@@ -76,12 +77,8 @@ std::optional<std::string> readRegularFile(int descriptor)
 // Opened so that nobody is waited for: a user's folder may hold a FIFO or a device.
 std::optional<std::string> readRegularFile(const fs::path& file)
 {
-    const auto descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    if (descriptor < 0)
-        return std::nullopt;
-    auto text = readRegularFile(descriptor);
-    ::close(descriptor);
-    return text;
+    const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    return descriptor.isOpen() ? readRegularFile(descriptor.get()) : std::nullopt;
 }
 
 // Null unless the file holds an application's entry.
