@@ -47,8 +47,10 @@ QPoint panelCorner(const QSize& size, const QRect& screen, const QRect& availabl
 }
 
 // The desktop's panels may be on layers, and then the margins count from them, or be windows of another kind.
-LayerPlacement besideKnownPanel(const StatusItemAnchor& anchor, int contentHeight, const LayerRoom& room)
+LayerPlacement besideKnownPanel(StatusItemAnchor anchor, int contentHeight, const LayerRoom& room)
 {
+    if (anchor.pointer) // wherever in the panel it was
+        anchor.pointer->setY(clamped(anchor.pointer->y(), room.available.top() - 1, room.available.bottom() + 1));
     const QSize size(PopoverLayout::width, popoverHeight(contentHeight, room.available.height()));
     const QRect place(popoverPosition(anchor, size, room.screen, room.available), size);
     const auto& counted = room.withoutLayers == room.screen.size() ? room.screen : room.available;

@@ -124,9 +124,9 @@ TEST(PopoverLayerPlacement, AKnownPanelsPlaceWinsOverTheClicks)
     const StatusItemAnchor low{{}, QPoint(1500, 1078)};
     const auto place = besidePanel(high, abovePanel, screen.size());
     EXPECT_EQ(besidePanel(low, abovePanel, screen.size()), place);
-    EXPECT_EQ(place, (LayerPlacement{popover, Qt::BottomEdge | Qt::RightEdge, {0, 0, 420 - 170, 30}}));
+    EXPECT_EQ(place, (LayerPlacement{popover, Qt::BottomEdge | Qt::RightEdge, {0, 0, 420 - 170, 30 + 4}}));
     EXPECT_EQ(besidePanel(low, abovePanel, abovePanel.size()),
-              (LayerPlacement{popover, Qt::BottomEdge | Qt::RightEdge, {0, 0, 420 - 170, 0}}))
+              (LayerPlacement{popover, Qt::BottomEdge | Qt::RightEdge, {0, 0, 420 - 170, 4}}))
         << "a layer's own margin is counted from the panel";
 }
 
