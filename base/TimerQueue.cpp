@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "base/TimerQueue.h"
 
+#include "base/OneThread.h"
+
 #include <utility>
 
 namespace orrinvale
@@ -9,6 +11,8 @@ namespace orrinvale
 
 namespace
 {
+
+constexpr auto wrongThread = "a timer was touched away from the thread of its queue";
 
 struct Timer {
     TimerQueue::Time interval;
@@ -23,6 +27,7 @@ struct TimerQueue::Timers {
     std::map<Key, Timer> byDeadline;
     std::map<std::uint64_t, Time> deadlineById;
     std::uint64_t lastId = 0;
+    OneThread thread;
 
     void insert(std::uint64_t id, Time deadline, Timer timer)
     {
@@ -32,6 +37,7 @@ struct TimerQueue::Timers {
 
     void remove(std::uint64_t id)
     {
+        thread.check(wrongThread);
         const auto found = deadlineById.find(id);
         if (found == deadlineById.end())
             return;
@@ -52,6 +58,7 @@ Cancellable TimerQueue::once(Time deadline, std::function<void()> work)
 
 Cancellable TimerQueue::repeat(Time firstDeadline, Time interval, std::function<void()> work)
 {
+    m_timers->thread.check(wrongThread);
     const auto id = ++m_timers->lastId;
     m_timers->insert(id, firstDeadline, {interval, std::make_shared<std::function<void()>>(std::move(work))});
     return Cancellable([weak = std::weak_ptr(m_timers), id] {
@@ -69,6 +76,7 @@ std::optional<TimerQueue::Time> TimerQueue::nextDeadline() const
 
 bool TimerQueue::fireNext(Time now)
 {
+    m_timers->thread.check(wrongThread);
     if (m_timers->byDeadline.empty() || m_timers->byDeadline.begin()->first.first > now)
         return false;
     auto node = m_timers->byDeadline.extract(m_timers->byDeadline.begin());

@@ -14,7 +14,8 @@ namespace orrinvale
 {
 
 // The timers of one thread, ordered by deadline; equal deadlines fire in the order of their making. It knows no clock:
-// its owner asks for the next deadline and says when time has passed. Tokens may outlive it.
+// its owner asks for the next deadline and says when time has passed. Tokens may outlive it. All of it, the dropping of
+// a token too, belongs to the thread that uses it first; a build without NDEBUG ends when another one does.
 class TimerQueue
 {
 public:

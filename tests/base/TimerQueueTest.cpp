@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <thread>
+
 namespace orrinvale
 {
 
@@ -125,6 +128,21 @@ TEST(VirtualTime, CountedDelayedWorkRunsOnlyAtTheEndAndPostedWorkAtOnce)
     EXPECT_EQ(ran, "p");
     time.runNewestCountedWork();
     EXPECT_EQ(ran, "p2");
+}
+
+void onAnotherThread(const std::function<void()>& work)
+{
+    std::thread(work).join();
+}
+
+TEST(TimerQueueDeathTest, ATimerTouchedOnAnotherThreadEndsTheProgram)
+{
+    constexpr auto complaint = "a timer was touched away from the thread of its queue";
+    TimerQueue timers;
+    auto token = timers.once(1s, [] {});
+    EXPECT_DEATH(onAnotherThread([&] { token.cancel(); }), complaint);
+    EXPECT_DEATH(onAnotherThread([&] { timers.fireNext(0s); }), complaint);
+    EXPECT_DEATH(onAnotherThread([&] { token = timers.once(1s, [] {}); }), complaint);
 }
 
 } // namespace
