@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "base/AtomicFile.h"
 
+#include "tests/TemporaryFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -25,15 +27,10 @@ namespace
 {
 
 struct AtomicFile : testing::Test {
-    AtomicFile()
-    {
-        std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
-        folder = ::mkdtemp(pattern.data());
-        file = folder / "log.json";
-    }
-    ~AtomicFile() override { fs::remove_all(folder); }
+    AtomicFile() { file = folder / "log.json"; }
 
-    fs::path folder;
+    TemporaryFolder temporary;
+    const fs::path& folder = temporary.path;
     fs::path file;
 };
 
@@ -194,17 +191,17 @@ TEST_F(AtomicFile, AFifoOrADeviceBehindALinkStays)
 
 TEST_F(AtomicFile, WhatLiesInTheTemporaryFilesPlaceHoldsNothingUp)
 {
-    const auto temporary = folder / ".log.json.tmp";
+    const auto begun = folder / ".log.json.tmp";
     const auto elsewhere = folder / "elsewhere";
     std::ofstream(elsewhere) << "kept";
-    const std::vector<std::function<void()>> obstacles{
-        [&] { ::mkfifo(temporary.c_str(), 0600); }, [&] { fs::create_symlink(elsewhere, temporary); },
-        [&] { std::ofstream(temporary) << std::string(1'000'000, 'x'); }};
+    const std::vector<std::function<void()>> obstacles{[&] { ::mkfifo(begun.c_str(), 0600); },
+                                                       [&] { fs::create_symlink(elsewhere, begun); },
+                                                       [&] { std::ofstream(begun) << std::string(1'000'000, 'x'); }};
     for (const auto& place : obstacles) {
         place();
         EXPECT_TRUE(writeFileAtomically(file, "new"));
         EXPECT_EQ(readWholeFile(file), "new");
-        EXPECT_FALSE(fs::exists(fs::symlink_status(temporary)));
+        EXPECT_FALSE(fs::exists(fs::symlink_status(begun)));
     }
     EXPECT_EQ(readWholeFile(elsewhere), "kept");
 }

@@ -4,14 +4,11 @@
 
 #include "orrinvale/AppSettings.h"
 #include "platform/fake/FakePlatform.h"
+#include "tests/TemporaryFolder.h"
 #include "text/LocalCalendar.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <thread>
-
-#include <stdlib.h>
 
 namespace orrinvale
 {
@@ -19,28 +16,6 @@ namespace orrinvale
 using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-// A folder that goes with the test.
-struct TemporaryFolder {
-    TemporaryFolder()
-    {
-        auto pattern = (std::filesystem::temp_directory_path() / "orrinvale-test-XXXXXX").string();
-        path = ::mkdtemp(pattern.data());
-    }
-    // A program that a test started may still be writing its last file.
-    ~TemporaryFolder()
-    {
-        std::error_code error;
-        for (int attempt = 0; attempt < 100; ++attempt) {
-            std::filesystem::remove_all(path, error);
-            if (!error)
-                return;
-            std::this_thread::sleep_for(10ms);
-        }
-        ADD_FAILURE() << "cannot remove " << path << ": " << error.message();
-    }
-    std::filesystem::path path;
-};
 
 // A fake machine, its settings and virtual time.
 struct LogicFixture : testing::Test {

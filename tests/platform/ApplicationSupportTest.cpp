@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxApplicationSupport.h"
 
+#include "tests/TemporaryFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -18,13 +20,10 @@ namespace
 struct ApplicationSupportTest : testing::Test {
     ApplicationSupportTest()
     {
-        std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
-        home = ::mkdtemp(pattern.data());
         ::setenv("HOME", home.c_str(), 1);
         for (const auto* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"})
             ::unsetenv(name);
     }
-    ~ApplicationSupportTest() override { fs::remove_all(home); }
 
     void userDirs(const std::string& text)
     {
@@ -32,7 +31,8 @@ struct ApplicationSupportTest : testing::Test {
         std::ofstream(home / ".config" / "user-dirs.dirs") << text;
     }
 
-    fs::path home;
+    TemporaryFolder temporary;
+    const fs::path& home = temporary.path;
     LinuxApplicationSupport support;
 };
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxCPUCounters.h"
 
+#include "tests/TemporaryFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -21,19 +23,11 @@ namespace
 {
 
 struct CPUCountersTest : testing::Test {
-    CPUCountersTest()
-    {
-        std::string pattern = (std::filesystem::temp_directory_path() / "orrinvale-test-XXXXXX").string();
-        const auto descriptor = ::mkstemp(pattern.data());
-        ::close(descriptor);
-        file = pattern;
-    }
-    ~CPUCountersTest() override { std::filesystem::remove(file); }
-
     void write(const std::string& text) { std::ofstream(file, std::ios::trunc) << text; }
     using Cores = std::vector<std::int32_t>;
 
-    std::filesystem::path file;
+    TemporaryFolder temporary;
+    std::filesystem::path file = temporary.path / "stat";
 };
 
 TEST_F(CPUCountersTest, CountsFromItsMaking)

@@ -4,6 +4,7 @@
 
 #include "base/ThreadSerialQueue.h"
 #include "platform/qt/QtMainQueue.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/platform/WaitFor.h"
 
 #include <gmock/gmock.h>
@@ -34,11 +35,8 @@ namespace
 struct CameraTest : testing::Test {
     CameraTest()
     {
-        std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
-        folder = ::mkdtemp(pattern.data());
         std::ofstream(folder / "video0") << "x"; // stands for a device node, which only root could make
     }
-    ~CameraTest() override { fs::remove_all(folder); }
 
     struct Holder {
         explicit Holder(const fs::path& file)
@@ -60,7 +58,8 @@ struct CameraTest : testing::Test {
     }
     void make() { camera.emplace(queue, background, folder.string()); }
 
-    fs::path folder;
+    TemporaryFolder temporary;
+    const fs::path& folder = temporary.path;
     QtMainQueue queue;
     ThreadSerialQueue background{queue, "test"};
     std::optional<LinuxCamera> camera;

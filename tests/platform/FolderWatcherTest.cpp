@@ -3,6 +3,7 @@
 #include "platform/linux/LinuxFolderWatcher.h"
 
 #include "platform/qt/QtMainQueue.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/platform/WaitFor.h"
 
 #include <gtest/gtest.h>
@@ -38,13 +39,6 @@ namespace
 {
 
 struct FolderWatcherTest : testing::Test {
-    FolderWatcherTest()
-    {
-        std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
-        folder = ::mkdtemp(pattern.data());
-    }
-    ~FolderWatcherTest() override { fs::remove_all(folder); }
-
     void touch(const std::string& name) { std::ofstream(folder / name) << "x"; }
     Cancellable count()
     {
@@ -55,7 +49,8 @@ struct FolderWatcherTest : testing::Test {
         return waitFor([&] { return changes >= number; }, 2s);
     }
 
-    fs::path folder;
+    TemporaryFolder temporary;
+    const fs::path& folder = temporary.path;
     std::atomic<int> changes = 0;
     QtMainQueue queue;
     LinuxFolderWatcher watcher{queue};

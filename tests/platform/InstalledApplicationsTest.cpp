@@ -7,6 +7,7 @@
 #include "platform/linux/DesktopEntry.h"
 #include "platform/linux/LinuxRunningApplications.h"
 #include "platform/qt/QtMainQueue.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/platform/WaitFor.h"
 
 #include <gmock/gmock.h>
@@ -33,13 +34,6 @@ namespace
 {
 
 struct InstalledTest : testing::Test {
-    InstalledTest()
-    {
-        std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
-        folder = ::mkdtemp(pattern.data());
-    }
-    ~InstalledTest() override { fs::remove_all(folder); }
-
     fs::path place(const std::string& in, const std::string& id) const { return folder / in / (id + ".desktop"); }
     void entry(const std::string& in, const std::string& id, const std::string& text) const
     {
@@ -58,7 +52,8 @@ struct InstalledTest : testing::Test {
         return all;
     }
 
-    fs::path folder;
+    TemporaryFolder temporary;
+    const fs::path& folder = temporary.path;
 };
 
 TEST_F(InstalledTest, TheFoldersAreReadInTheirOrderAndTheFirstWins)

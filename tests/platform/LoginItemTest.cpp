@@ -3,6 +3,7 @@
 #include "platform/linux/LinuxLoginItem.h"
 
 #include "base/AtomicFile.h"
+#include "tests/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -20,20 +21,15 @@ namespace
 {
 
 struct LoginItemTest : testing::Test {
-    LoginItemTest()
-    {
-        std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
-        folder = ::mkdtemp(pattern.data());
-        file = folder / "autostart" / "orrinvale.desktop";
-    }
-    ~LoginItemTest() override { fs::remove_all(folder); }
+    LoginItemTest() { file = folder / "autostart" / "orrinvale.desktop"; }
 
     LinuxLoginItem item(const std::string& executable = "/usr/bin/orrinvale") const
     {
         return LinuxLoginItem(folder / "autostart", executable);
     }
 
-    fs::path folder;
+    TemporaryFolder temporary;
+    const fs::path& folder = temporary.path;
     fs::path file;
 };
 

@@ -4,6 +4,7 @@
 
 #include "base/ThreadSerialQueue.h"
 #include "platform/qt/QtMainQueue.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/platform/WaitFor.h"
 
 #include <gtest/gtest.h>
@@ -63,13 +64,6 @@ TEST_F(PowerSourcesTest, FollowsARealUPower)
 }
 
 struct SysfsTest : testing::Test {
-    SysfsTest()
-    {
-        std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
-        folder = ::mkdtemp(pattern.data());
-    }
-    ~SysfsTest() override { fs::remove_all(folder); }
-
     void device(const std::string& name, const std::vector<std::pair<std::string, std::string>>& attributes)
     {
         fs::create_directory(folder / name);
@@ -77,7 +71,8 @@ struct SysfsTest : testing::Test {
             std::ofstream(folder / name / key) << value << '\n';
     }
 
-    fs::path folder;
+    TemporaryFolder temporary;
+    const fs::path& folder = temporary.path;
 };
 
 TEST_F(SysfsTest, ADischargingBatteryIsBatteryPower)

@@ -8,6 +8,7 @@
 #include "platform/linux/LinuxProcessStatus.h"
 #include "platform/linux/LinuxRunningApplications.h"
 #include "platform/qt/QtMainQueue.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/platform/WaitFor.h"
 
 #include <gtest/gtest.h>
@@ -38,14 +39,8 @@ namespace
 constexpr auto longestPause = 1s; // of the main thread, also on a busy machine
 
 struct ProcessChaosTest : testing::Test {
-    ProcessChaosTest()
-    {
-        std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
-        folder = ::mkdtemp(pattern.data());
-    }
-    ~ProcessChaosTest() override { fs::remove_all(folder); }
-
-    fs::path folder;
+    TemporaryFolder temporary;
+    const fs::path& folder = temporary.path;
 };
 
 // Processes without end that live for a moment, several at a time.

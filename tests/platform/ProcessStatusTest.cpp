@@ -5,6 +5,7 @@
 #include "base/ThreadSerialQueue.h"
 #include "platform/linux/ProcFolder.h"
 #include "platform/qt/QtMainQueue.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/platform/WaitFor.h"
 
 #include <gtest/gtest.h>
@@ -54,13 +55,6 @@ TEST(ProcessStatus, ASpinningProcessIsTheFirstRowWithAboutOneCore)
 }
 
 struct FakeProc : testing::Test {
-    FakeProc()
-    {
-        std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
-        folder = ::mkdtemp(pattern.data());
-    }
-    ~FakeProc() override { fs::remove_all(folder); }
-
     void process(int pid, const std::string& comm, int ticks, const std::string& flags = "0", int start = 500)
     {
         fs::create_directories(folder / std::to_string(pid));
@@ -71,7 +65,8 @@ struct FakeProc : testing::Test {
     ProcessReading read() { return readProcesses(folder).value(); }
     std::string table(const ProcessReading& before) { return processTable(folder, before, read(), 1s); }
 
-    fs::path folder;
+    TemporaryFolder temporary;
+    const fs::path& folder = temporary.path;
 };
 
 TEST_F(FakeProc, WhatIsForgottenDoesNotComeBack)

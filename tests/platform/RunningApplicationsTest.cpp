@@ -9,6 +9,7 @@
 #include "platform/linux/ProcFolder.h"
 #include "platform/linux/SystemdUnit.h"
 #include "platform/qt/QtMainQueue.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/platform/WaitFor.h"
 
 #include <gtest/gtest.h>
@@ -36,14 +37,11 @@ namespace
 struct WalkTest : testing::Test {
     WalkTest()
     {
-        std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
-        folder = ::mkdtemp(pattern.data());
         fs::create_directories(folder / "proc");
         fs::create_directories(folder / "applications");
         walk.emplace((folder / "proc").string());
         entries.emplace(std::vector{folder / "applications"});
     }
-    ~WalkTest() override { fs::remove_all(folder); }
 
     // A program that exists: entries of programs that do not are as good as none.
     std::string program(const std::string& name) const
@@ -86,7 +84,8 @@ struct WalkTest : testing::Test {
     }
 
     using Identifiers = std::vector<std::string>;
-    fs::path folder;
+    TemporaryFolder temporary;
+    const fs::path& folder = temporary.path;
     std::optional<ApplicationWalk> walk;
     std::optional<DesktopEntryFolders> entries;
     std::vector<RunningApplication> last;
@@ -472,8 +471,8 @@ struct HangingQueue final : SerialQueue {
 
 TEST(RunningApplications, AFolderOfEntriesThatHangsHoldsUpNoLook)
 {
-    std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
-    const fs::path folder = ::mkdtemp(pattern.data());
+    const TemporaryFolder temporary;
+    const auto& folder = temporary.path;
     fs::create_directory(folder / "10");
     std::ofstream(folder / "10/stat") << "10 (ffmpeg) S 1 1 1 0 -1 0 0 0 0 0 5 0 0 0 20 0 1 0 100 0 0\n";
     QtMainQueue queue;
@@ -488,13 +487,12 @@ TEST(RunningApplications, AFolderOfEntriesThatHangsHoldsUpNoLook)
     applications.waitForRefresh(2s);
     EXPECT_TRUE(applications.applications().empty());
     EXPECT_EQ(files.held.size(), 1U);
-    fs::remove_all(folder);
 }
 
 TEST(RunningApplications, ThreeThousandKnownProcessesCostLittle)
 {
-    std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
-    const fs::path folder = ::mkdtemp(pattern.data());
+    const TemporaryFolder temporary;
+    const auto& folder = temporary.path;
     for (int pid = 1; pid <= 3000; ++pid) {
         fs::create_directory(folder / std::to_string(pid));
         std::ofstream(folder / std::to_string(pid) / "stat")
@@ -508,7 +506,6 @@ TEST(RunningApplications, ThreeThousandKnownProcessesCostLittle)
     walk.walk(none, now + 60s);
     const auto milliseconds = 1000.0 * static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
     EXPECT_LT(milliseconds, 120); // a bound for a noisy machine; the benchmark has the real one
-    fs::remove_all(folder);
 }
 
 } // namespace

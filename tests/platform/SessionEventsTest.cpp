@@ -6,6 +6,7 @@
 #include "platform/fake/VirtualTime.h"
 #include "platform/linux/DisplayPower.h"
 #include "platform/qt/QtMainQueue.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/platform/WaitFor.h"
 
 #include <QDBusObjectPath>
@@ -164,19 +165,14 @@ TEST_F(SessionEventsTest, ALoginManagerThatGoesTakesItsWordWithItAndTheNextIsRea
 
 // Connectors as in /sys/class/drm.
 struct DisplaysTest : testing::Test {
-    DisplaysTest()
-    {
-        std::string pattern = (std::filesystem::temp_directory_path() / "orrinvale-test-XXXXXX").string();
-        folder = ::mkdtemp(pattern.data());
-    }
-    ~DisplaysTest() override { std::filesystem::remove_all(folder); }
     void connector(const char* name, const char* status, const char* dpms) const
     {
         std::filesystem::create_directories(folder / name);
         std::ofstream(folder / name / "status") << status << '\n';
         std::ofstream(folder / name / "dpms") << dpms << '\n';
     }
-    std::filesystem::path folder;
+    TemporaryFolder temporary;
+    const std::filesystem::path& folder = temporary.path;
 };
 
 TEST_F(DisplaysTest, AreOffWhenEachConnectedOneIs)

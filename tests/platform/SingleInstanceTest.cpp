@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/SingleInstance.h"
 
+#include "tests/TemporaryFolder.h"
 #include "tests/platform/WaitFor.h"
-
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -25,8 +24,8 @@ using Role = SingleInstance::Role;
 struct SingleInstanceTest : testing::Test {
     std::filesystem::path path(const char* name) const { return folder / name; }
 
-    QTemporaryDir temporary;
-    std::filesystem::path folder = temporary.path().toStdString();
+    TemporaryFolder temporary;
+    const std::filesystem::path& folder = temporary.path;
 };
 
 TEST_F(SingleInstanceTest, TheSecondOneIsToldSoAndCallsTheFirstForward)

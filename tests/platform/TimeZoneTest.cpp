@@ -3,6 +3,7 @@
 #include "platform/linux/LinuxTimeZone.h"
 
 #include "platform/qt/QtMainQueue.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/platform/WaitFor.h"
 
 #include <gtest/gtest.h>
@@ -22,15 +23,11 @@ namespace
 struct TimeZoneTest : testing::Test {
     TimeZoneTest()
     {
-        std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
-        folder = ::mkdtemp(pattern.data());
         fs::create_directory(folder / "etc");
         for (const auto* name : {"Berlin", "Tokyo"})
             std::ofstream(folder / name) << "the rules of " << name;
         file = folder / "etc/localtime";
     }
-    ~TimeZoneTest() override { fs::remove_all(folder); }
-
     void watch()
     {
         zone.emplace(queue, file);
@@ -48,7 +45,8 @@ struct TimeZoneTest : testing::Test {
         return waitFor([&] { return changes == count; });
     }
 
-    fs::path folder;
+    TemporaryFolder temporary;
+    const fs::path& folder = temporary.path;
     fs::path file;
     QtMainQueue queue;
     std::optional<LinuxTimeZone> zone;

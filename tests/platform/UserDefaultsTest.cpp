@@ -3,6 +3,7 @@
 #include "platform/linux/LinuxUserDefaults.h"
 
 #include "base/AtomicFile.h"
+#include "tests/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -27,13 +28,7 @@ namespace
 {
 
 struct UserDefaultsTest : testing::Test {
-    UserDefaultsTest()
-    {
-        std::string pattern = (fs::temp_directory_path() / "orrinvale-test-XXXXXX").string();
-        folder = ::mkdtemp(pattern.data());
-        file = folder / "orrinvale" / "settings.json";
-    }
-    ~UserDefaultsTest() override { fs::remove_all(folder); }
+    UserDefaultsTest() { file = folder / "orrinvale" / "settings.json"; }
 
     void write(const std::string& text)
     {
@@ -42,7 +37,8 @@ struct UserDefaultsTest : testing::Test {
     }
     std::string text() const { return readWholeFile(file).value_or("missing"); }
 
-    fs::path folder;
+    TemporaryFolder temporary;
+    const fs::path& folder = temporary.path;
     fs::path file;
 };
 
