@@ -9,6 +9,7 @@
 #include "orrinvale/WidgetInterface.h"
 #include "platform/TimeZone.h"
 #include "text/LocalCalendar.h"
+#include "text/UserLocale.h"
 
 #include "HostPlatform.h" // of the operating system that it is built for
 
@@ -36,6 +37,7 @@ int main(int argc, char** argv)
     HostPlatform host({isPaletteDark, applyApplicationPalette, widgetPanels});
     const auto platform = host.platform();
     host.prime();
+    provideUserLocale(host.userLocale().dates(), host.userLocale().collation());
     const auto timeZone = platform.timeZone.observeChanges([] { LocalCalendar::user().readTimeZone(); });
     AppSettings::provide(platform, LocalCalendar::user());
     WidgetInterface interface(AppSettings::shared(), platform, LocalCalendar::user(), host.filePanels(),

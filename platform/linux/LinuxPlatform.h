@@ -20,6 +20,7 @@
 #include "platform/linux/LinuxSessionEvents.h"
 #include "platform/linux/LinuxTimeZone.h"
 #include "platform/linux/LinuxUserDefaults.h"
+#include "platform/linux/LinuxUserLocale.h"
 #include "platform/linux/LinuxUserNotifications.h"
 #include "platform/linux/Panels.h"
 #include "platform/linux/PortalFilePanels.h"
@@ -47,6 +48,7 @@ public:
     void flush();
     Platform platform() { return platformOf(m_parts); }
     FilePanels& filePanels() { return m_filePanels; }
+    const UserLocale& userLocale() const { return m_userLocale; }
     // The part of the screen where a window is not covered, in logical pixels.
     static QRect partWithoutPanels(const QScreen& screen) { return orrinvale::partWithoutPanels(screen); }
 
@@ -83,6 +85,7 @@ private:
 
     Parts m_parts;
     PortalFilePanels m_filePanels;
+    LinuxUserLocale m_userLocale;
 };
 
 } // namespace orrinvale
