@@ -5,7 +5,7 @@
 #include "base/StandardDescriptors.h"
 #include "platform/linux/SessionBusGuard.h"
 #include "platform/linux/SingleInstance.h"
-#include "platform/linux/TerminationSignals.h"
+#include "platform/qt/TerminationSignals.h"
 
 #include <functional>
 

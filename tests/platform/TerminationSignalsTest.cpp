@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "platform/linux/TerminationSignals.h"
+#include "platform/qt/TerminationSignals.h"
 
 #include "tests/platform/WaitFor.h"
 

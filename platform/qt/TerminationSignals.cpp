@@ -1,13 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The orrinvale developers
 // SPDX-License-Identifier: MIT
-#include "platform/linux/TerminationSignals.h"
+#include "platform/qt/TerminationSignals.h"
 
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstdint>
 
-#include <sys/eventfd.h>
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace orrinvale
@@ -25,8 +24,7 @@ volatile std::sig_atomic_t arrivals = -1; // the handler's descriptor
 void noteArrival(int)
 {
     const auto savedError = errno;
-    const std::uint64_t one = 1;
-    [[maybe_unused]] const auto written = ::write(arrivals, &one, sizeof one);
+    [[maybe_unused]] const auto written = ::write(arrivals, "", 1);
     if (const auto left = ::alarm(secondsToEnd); left > 0)
         ::alarm(left); // the first one counts
     errno = savedError;
@@ -52,9 +50,17 @@ void unblock(int number)
 
 } // namespace
 
-TerminationSignals::TerminationSignals() : m_arrivals(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+TerminationSignals::TerminationSignals()
 {
-    arrivals = m_arrivals.get();
+    int ends[2] = {-1, -1};
+    if (::pipe(ends) == 0) // pipe2 is Linux's alone; no other thread is there yet that could start a program
+        for (const auto end : ends) {
+            ::fcntl(end, F_SETFD, FD_CLOEXEC);
+            ::fcntl(end, F_SETFL, O_NONBLOCK);
+        }
+    m_arrivals = Descriptor(ends[0]);
+    m_handlers = Descriptor(ends[1]);
+    arrivals = m_handlers.get();
     setHandler(SIGPIPE, SIG_IGN);
     setHandler(SIGXFSZ, SIG_IGN);
     setHandler(SIGALRM, SIG_DFL);
@@ -69,9 +75,9 @@ void TerminationSignals::listen(std::function<void()> onSignal)
 {
     m_notifier = std::make_unique<QSocketNotifier>(m_arrivals.get(), QSocketNotifier::Read);
     QObject::connect(m_notifier.get(), &QSocketNotifier::activated, this, [this, onSignal = std::move(onSignal)] {
-        std::uint64_t count = 0;
-        if (::read(m_arrivals.get(), &count, sizeof count) > 0)
-            onSignal();
+        std::array<char, 64> arrived{};
+        if (::read(m_arrivals.get(), arrived.data(), arrived.size()) > 0)
+            onSignal(); // several at once are one
     });
 }
 

@@ -28,7 +28,8 @@ public:
     void listen(std::function<void()> onSignal);
 
 private:
-    Descriptor m_arrivals; // what the handler writes to
+    Descriptor m_arrivals; // a pipe's end,
+    Descriptor m_handlers; // and the one that the handler writes to
     std::unique_ptr<QSocketNotifier> m_notifier;
 };
 
