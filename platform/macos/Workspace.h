@@ -32,7 +32,8 @@ enum class WorkspaceEvent {
     screensSlept,
     screensWoke,
     sessionResigned,
-    sessionActivated
+    sessionActivated,
+    timeZoneChanged
 };
 
 // What the system's workspace tells, as plain values. It decides nothing. Main thread, but for the bundles, of which

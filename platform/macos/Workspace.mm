@@ -29,6 +29,8 @@ NSNotificationName nameOf(WorkspaceEvent event)
         return NSWorkspaceSessionDidResignActiveNotification;
     case WorkspaceEvent::sessionActivated:
         return NSWorkspaceSessionDidBecomeActiveNotification;
+    case WorkspaceEvent::timeZoneChanged:
+        return NSSystemTimeZoneDidChangeNotification;
     }
 }
 
@@ -54,10 +56,12 @@ public:
         return all;
     }
 
-    // These come from the workspace's own centre and no other.
+    // The workspace's come from its own centre and no other.
     Cancellable observe(WorkspaceEvent event, std::function<void()> onEvent) override
     {
-        NSNotificationCenter* centre = NSWorkspace.sharedWorkspace.notificationCenter;
+        NSNotificationCenter* centre = event == WorkspaceEvent::timeZoneChanged
+                                           ? NSNotificationCenter.defaultCenter
+                                           : NSWorkspace.sharedWorkspace.notificationCenter;
         const id observer = [centre addObserverForName:nameOf(event)
                                                 object:nil
                                                  queue:NSOperationQueue.mainQueue

@@ -7,6 +7,7 @@
 #include "platform/macos/MacPowerAssertions.h"
 #include "platform/macos/MacPowerSources.h"
 #include "platform/macos/MacUserDefaults.h"
+#include "platform/macos/MacUserLocale.h"
 #include "platform/macos/MediaHardware.h"
 #include "tests/macos/fakes/Fakes.h"
 
@@ -286,7 +287,7 @@ TEST_F(MacUserDefaultsTest, KnowsNothingOfWhatItCannotRead)
 {
     MacUserDefaults defaults;
     fake::preferences = {{"list", fake::List{}},     {"table", fake::Table{}},     {"nan", std::nan("")},
-                         {"end", fake::Date{1e300}}, {"begin", fake::Date{-1e12}}, {"never", fake::Date{std::nan("")}}};
+                         {"end", fake::Date{1e300}}, {"begin", fake::Date{-1e14}}, {"never", fake::Date{std::nan("")}}};
     for (const auto* key : {"list", "table", "nan", "end", "begin", "never", "nothing"})
         EXPECT_EQ(defaults.object(key), std::nullopt) << key;
 }
@@ -302,6 +303,22 @@ TEST_F(MacUserDefaultsTest, StoresNothingInPlaceOfWhatCannotBeMade)
     EXPECT_EQ(defaults.object("text"), DefaultsValue("good"s));
     defaults.set("text", "bad \xFF"s);
     EXPECT_EQ(defaults.object("text"), DefaultsValue("bad \uFFFD"s));
+}
+
+using MacUserLocaleTest = MacAdapters;
+
+TEST_F(MacUserLocaleTest, DatesFollowTheRegionAndSortingTheLanguage)
+{
+    const MacUserLocale locale;
+    fake::locale = "en_AT@calendar=gregorian";
+    EXPECT_EQ(locale.dates(), "en_AT@calendar=gregorian");
+    fake::languages = fake::list({"zh-Hant-TW", "en"});
+    EXPECT_EQ(locale.collation(), "zh_Hant_TW");
+    EXPECT_EQ(locale.collation(), "en_AT@calendar=gregorian"); // no list at all
+    fake::languages = fake::list({});
+    EXPECT_EQ(locale.collation(), "en_AT@calendar=gregorian");
+    fake::languages = fake::make(std::string("de"));
+    EXPECT_EQ(locale.collation(), "en_AT@calendar=gregorian");
 }
 
 using MacCameraTest = MacAdapters;

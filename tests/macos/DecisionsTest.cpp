@@ -8,6 +8,7 @@
 #include "platform/macos/MacProcessStatus.h"
 #include "platform/macos/MacRunningApplications.h"
 #include "platform/macos/MacSessionEvents.h"
+#include "platform/macos/MacTimeZone.h"
 #include "tests/platform/WaitFor.h"
 
 #include <QElapsedTimer>
@@ -163,6 +164,17 @@ TEST_F(MacSessionEventsTest, TellOfASessionThatIsAsleepFromTheStart)
         m_time.runPending();
         EXPECT_THAT(seen, ElementsAre(ScreenPresence::asleep));
     }
+}
+
+TEST_F(MacDecisions, AnotherTimeZoneIsToldInATurnOfItsOwn)
+{
+    MacTimeZone timeZone(m_workspace, m_time);
+    int changes = 0;
+    const auto token = timeZone.observeChanges([&] { ++changes; });
+    m_workspace.happen(WorkspaceEvent::timeZoneChanged);
+    EXPECT_EQ(changes, 0);
+    m_time.runPending();
+    EXPECT_EQ(changes, 1);
 }
 
 namespace

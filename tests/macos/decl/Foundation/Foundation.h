@@ -59,7 +59,9 @@ NS_ASSUME_NONNULL_BEGIN
 typedef NSString *NSNotificationName;
 @interface NSNotification : NSObject
 @end
+extern NSNotificationName const NSSystemTimeZoneDidChangeNotification;
 @interface NSNotificationCenter : NSObject
+@property (class, readonly, strong) NSNotificationCenter *defaultCenter;
 - (id<NSObject>)addObserverForName:(nullable NSNotificationName)name object:(nullable id)object queue:(nullable NSOperationQueue *)queue usingBlock:(void (^)(NSNotification *note))block;
 - (void)removeObserver:(id)observer;
 @end
