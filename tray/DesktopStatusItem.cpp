@@ -28,7 +28,6 @@ const auto trayPath = QStringLiteral("/StatusNotifierWatcher");
 // GNOME Shell, whose extension is the tray's service and shows no item without a menu. Others show the menu in place of
 // passing a right click on, or take the mere name of one for a menu.
 const auto trayThatWantsMenu = QStringLiteral("org.gnome.Shell");
-constexpr auto sameClick = 50ms;
 constexpr auto patienceOnX11 = 1s; // after which the older protocol, whose tray may come at any time, is taken
 
 bool isOnX11()
@@ -124,7 +123,10 @@ void DesktopStatusItem::makeNotifier()
         m_notifier = std::make_unique<StatusNotifierItemWithMenu>(bus, menuOfTheMoment());
     else
         m_notifier = std::make_unique<StatusNotifierItem>(bus);
-    m_notifier->onClick = [this](const QPoint& place) { clickAt(place); };
+    m_notifier->onClick = [this](const QPoint& place) {
+        m_click = place;
+        click();
+    };
     showIcon();
     showToolTip();
 }
@@ -156,15 +158,6 @@ void DesktopStatusItem::embedOnceTrayAnswers()
         else
             embed();
     });
-}
-
-void DesktopStatusItem::clickAt(const QPoint& place)
-{
-    if (!m_sameClick) {
-        m_click = place;
-        click();
-    }
-    m_sameClick = m_queue.after(sameClick, [this] { m_sameClick.cancel(); }); // from the end of what the click did
 }
 
 void DesktopStatusItem::forgetClick()

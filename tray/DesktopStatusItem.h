@@ -26,9 +26,6 @@ public:
     explicit DesktopStatusItem(MainQueue& queue);
     ~DesktopStatusItem() override;
 
-    // As a tray of the newer protocol tells of it. Clicks that follow each other faster than anybody's are one, the
-    // first.
-    void clickAt(const QPoint& place);
     StatusItemAnchor anchor() const override;
     void forgetClick() override;
 
@@ -60,7 +57,6 @@ private:
     std::unique_ptr<StatusNotifierItem> m_notifier;
     std::unique_ptr<SystemStatusItem> m_embedded;
     Cancellable m_patience;
-    Cancellable m_sameClick; // stands while a click is still the one before
 };
 
 } // namespace orrinvale

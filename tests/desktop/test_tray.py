@@ -194,19 +194,6 @@ class TrayTest(DesktopTest):
         self.wait_for_item(2)
         self.assertIn("Open orrinvale", self.tray.menu())
 
-    def test_a_storm_of_clicks_opens_the_popover_once(self):
-        self.tray.come()
-        self.launch()
-        self.wait_for_item()
-        for _ in range(5000):
-            self.tray.bus.call(self.tray.items[-1], "/StatusNotifierItem", ITEM, "Activate",
-                               GLib.Variant("(ii)", (5, 5)), None, Gio.DBusCallFlags.NONE, 5000, None, None)
-        self.wait_for("popover", self.has_popover, 3)
-        self.attend(2)
-        self.assertTrue(self.has_popover())
-        self.tray.click("Activate")
-        self.wait_for("end of the popover", lambda: not self.has_popover(), 3)
-
     def test_a_countdown_sends_texts_and_no_pictures(self):
         self.tray.come()
         path = self.download()
