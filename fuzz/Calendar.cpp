@@ -8,8 +8,8 @@
 #include "orrinvale/HourBars.h"
 #include "orrinvale/LogExport.h"
 #include "orrinvale/ReasonContent.h"
+#include "platform/linux/LinuxUserLocale.h"
 #include "text/LocalCalendar.h"
-#include "text/UserLocale.h"
 
 using namespace orrinvale;
 

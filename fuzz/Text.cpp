@@ -8,9 +8,9 @@
 #include "base/UUID.h"
 #include "fuzz/FuzzInput.h"
 #include "orrinvale/SettingsTexts.h"
+#include "platform/linux/LinuxUserLocale.h"
 #include "text/LocalizedText.h"
 #include "text/UnicodeText.h"
-#include "text/UserLocale.h"
 
 #include <array>
 
