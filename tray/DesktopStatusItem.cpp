@@ -146,6 +146,8 @@ void DesktopStatusItem::embed()
 // has to answer us, or to be gone.
 void DesktopStatusItem::embedOnceTrayAnswers()
 {
+    if (!QDBusConnection::sessionBus().isConnected())
+        return embed(); // no call is ever answered then, not even by an error
     auto ping = QDBusMessage::createMethodCall(tray, trayPath, QStringLiteral("org.freedesktop.DBus.Peer"),
                                                QStringLiteral("Ping"));
     ping.setAutoStartService(false);
