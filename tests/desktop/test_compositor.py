@@ -6,7 +6,7 @@ import subprocess
 import unittest
 
 from desktop import bed
-from test_popover import ELSEWHERE, PANEL, SIZE, PopoverTest
+from test_popover import ELSEWHERE, MARGIN, PANEL, SIZE, PopoverTest
 
 SHADOW = 16
 GROUND = (245, 241, 233)  # of the popover
@@ -55,7 +55,7 @@ class CompositorTest(PopoverTest):
             bed("start", "compositor")
 
     def assert_in_corner(self, x, y):
-        self.assertEqual(x, 1280 - SIZE[0])
+        self.assertEqual(x, 1280 - MARGIN - SIZE[0])
         self.assertTrue(PANEL <= y <= PANEL + 10, y)
 
     def on_the_arc(self, x, y):

@@ -15,6 +15,7 @@ from desktop import PROGRAM, DesktopTest, bed, inhibitors, visible_windows
 PANEL = 28     # its height; it lies along the upper edge of a screen of 1280 by 800
 ELSEWHERE = (200, 600)
 SIZE = (340, 700)
+MARGIN = 8  # that it keeps from the sides of the screen
 SEGMENTS = {"Smart": (70, 386), "Always Awake": (170, 386), "Off": (270, 386)}  # in the popover
 QUIT = (170, 652)
 WATCHER = "org.kde.StatusNotifierWatcher"
@@ -94,7 +95,7 @@ class PopoverTest(DesktopTest):
 
     def assert_stands_by_the_item(self):
         x, y = self.popover()
-        self.assertEqual(x, 1280 - SIZE[0], "the item is too near to the edge for it to be centred")
+        self.assertEqual(x, 1280 - MARGIN - SIZE[0], "the item is too near to the edge for it to be centred")
         self.assertTrue(PANEL <= y <= PANEL + 10, y)
 
     def assert_closes(self):
@@ -193,7 +194,7 @@ class ClickTest(PopoverTest):
     def test_a_hasty_hand_leaves_it_in_order(self):
         self.start()
         chance = random.Random(7)
-        corner = (1280 - SIZE[0], PANEL + 1)
+        corner = (1280 - MARGIN - SIZE[0], PANEL + 1)
         places = [self.tray_item(), self.tray_item(), ELSEWHERE,
                   *((corner[0] + x, corner[1] + y) for x, y in SEGMENTS.values())]
         for _ in range(60):

@@ -7,7 +7,7 @@ import time
 import unittest
 
 from desktop import bed
-from test_popover import PANEL, SIZE, PopoverTest, xdotool
+from test_popover import MARGIN, PANEL, SIZE, PopoverTest, xdotool
 
 RIGHT = (1280, 0, 1024, 768)  # beside one of 1280x800
 AT_THE_TOP, AT_THE_BOTTOM = "p=6;x=0;y=0", "p=8;x=0;y=0"
@@ -35,7 +35,7 @@ class ScreensTest(PopoverTest):
         self.start()
         self.open()
         x, y = self.popover()
-        self.assertEqual(x, RIGHT[0] + RIGHT[2] - SIZE[0])
+        self.assertEqual(x, RIGHT[0] + RIGHT[2] - MARGIN - SIZE[0])
         self.assertTrue(PANEL <= y <= PANEL + 10, y)
 
     def test_it_stands_above_a_panel_at_the_bottom_of_a_lower_screen(self):
@@ -43,7 +43,7 @@ class ScreensTest(PopoverTest):
         self.start()
         self.open()
         x, y = self.popover()
-        self.assertEqual(x, RIGHT[0] + RIGHT[2] - SIZE[0])
+        self.assertEqual(x, RIGHT[0] + RIGHT[2] - MARGIN - SIZE[0])
         self.assertTrue(-10 <= RIGHT[3] - PANEL - (y + SIZE[1]) <= 10, y)
 
     def test_a_screen_that_goes_while_it_is_open_takes_nothing_with_it(self):
