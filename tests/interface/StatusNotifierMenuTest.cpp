@@ -71,6 +71,7 @@ TEST_F(StatusNotifierMenuTest, SeveralEventsAtOnceAreEachHeardAndTheUnknownNamed
         menu.EventGroup(
             {{1, clicked, QDBusVariant(0), 0}, {9, clicked, QDBusVariant(0), 0}, {2, clicked, QDBusVariant(0), 0}}),
         QList<int>{9});
+    settle();
     EXPECT_EQ(chosen, (std::vector{1, 2}));
     QList<int> unknown;
     EXPECT_TRUE(menu.AboutToShowGroup({0, 5}, unknown).isEmpty());
