@@ -11,14 +11,19 @@
 #include "platform/linux/LinuxUserLocale.h"
 #include "text/LocalCalendar.h"
 
+#include <cmath>
+
 using namespace orrinvale;
 
 namespace
 {
 
+// One that a file can name: years 0 to 9999.
 Instant instantOf(FuzzInput& input)
 {
-    return Instant(Instant::duration(input.number<Instant::rep>()));
+    constexpr Instant first = std::chrono::sys_days(std::chrono::year(0) / 1 / 1);
+    constexpr Instant beyond = std::chrono::sys_days(std::chrono::year(10'000) / 1 / 1);
+    return first + Instant::duration(input.number<std::uint64_t>() % (beyond - first).count());
 }
 
 void tellDates(const LocalCalendar& calendar, Instant now, Instant other, int days)
@@ -56,13 +61,20 @@ void showHeatmap(const LocalCalendar& calendar, Instant now, FuzzInput& input)
         heatmapMove(grid, other, move);
 }
 
+// No file has any other.
+double finite(FuzzInput& input)
+{
+    const auto number = input.number<double>();
+    return std::isfinite(number) ? number : 0;
+}
+
 void showDay(const LocalCalendar& calendar, Instant day, Instant now, FuzzInput& input)
 {
     DayUsageRecord record;
     for (auto& seconds : record.hourlySeconds)
-        seconds = input.number<double>();
+        seconds = finite(input);
     for (const auto* app : {"a", "b", "c", "d", "e", "f", "g"})
-        record.appSeconds[app] = input.number<double>();
+        record.appSeconds[app] = finite(input);
     const auto detail = dayDetail(day, record, now, calendar);
     hourChartText(detail, calendar);
     const HourBars bars(detail.buckets, 300, 80);
