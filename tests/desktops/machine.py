@@ -93,7 +93,7 @@ class Machine:
 
     def log_in(self, kind, desktop, command):
         """Begins a session the way a display manager does. `kind` is "x11" or "wayland"."""
-        units = Path(f"/proc/{self.first}/root/etc/systemd/system")
+        units = Path("/proc", str(self.first), "root", "etc/systemd/system")
         (units / "screen.service").write_text(SCREEN_SERVICE)
         display = f"DISPLAY={DISPLAY}" if kind == "x11" else ""
         (units / "desktop.service").write_text(f"""[Unit]
